@@ -1,0 +1,54 @@
+#pragma once
+
+#include "krv/platform/value.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace krv::platform {
+
+/// Turns values into texts and texts into numbers, by the regional settings it was made with.
+///
+/// Weeks start on Sunday, week 1 holds 1 January. Texts are UTF-8. The members that fill `text`
+/// replace what it held and allocate nothing beyond its growth, so a caller can reuse one buffer.
+class Formatter {
+public:
+    virtual ~Formatter() = default;
+
+    /// The value formatted by a pattern such as "#,##0.00" or "dd/mm/yyyy"; an empty pattern is
+    /// formatting without one: numbers and dates in plain regional form, numeric text as its
+    /// number. A text that the pattern cannot take comes out unchanged. \throws RuntimeError 13 for
+    /// bytes and objects, 6 for a number outside the dates under a date
+    ///         pattern
+    virtual void Format(ValueView value, std::string_view pattern, std::string& text) const = 0;
+
+    /// The standard value-to-text conversion.
+    /// \throws RuntimeError 94 for Null, 13 for bytes and objects
+    virtual void CStr(ValueView value, std::string& text) const = 0;
+
+    /// The number that a text begins with, read in no region ("1,5" is 1); 0 when there is none.
+    /// \throws RuntimeError 6 when too large, 13 for a percent sign behind a point or an exponent
+    virtual double Val(std::string_view text) const = 0;
+
+    // Conversions by the regional settings; halves round to even. Error 13 for what is no number,
+    // 6 out of range, 94 for Null.
+
+    virtual std::int16_t CInt(ValueView value) const = 0;
+    virtual std::int32_t CLng(ValueView value) const = 0;
+    virtual double CDbl(ValueView value) const = 0;
+
+    std::string Format(ValueView value, std::string_view pattern) const {
+        std::string text;
+        Format(value, pattern, text);
+        return text;
+    }
+
+    std::string CStr(ValueView value) const {
+        std::string text;
+        CStr(value, text);
+        return text;
+    }
+};
+
+} // namespace krv::platform

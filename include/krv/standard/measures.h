@@ -1,0 +1,24 @@
+#pragma once
+
+#include "krv/platform/units.h"
+
+#include <cmath>
+
+namespace krv::standard {
+
+/// Points of every part's font at first.
+inline constexpr float default_font_size = 8.25F;
+
+/// Height of a line of text in a font of so many points, in twips: a multiple of 15, alike on every
+/// backend, whatever fonts are installed (8.25 points: 195).
+inline platform::Twips text_height_twips(float font_size) {
+    return static_cast<platform::Twips>(std::lrint(195.0 * font_size / default_font_size / 15.0) *
+                                        15);
+}
+
+/// Height of a grid row whose height nobody set: the text and 45 twips around it.
+inline platform::Twips default_row_height_twips(float font_size) {
+    return text_height_twips(font_size) + 45;
+}
+
+} // namespace krv::standard

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace krv::standard {
+
+/// Lives as a member of a part; a notification posted with its token is dropped once the part is
+/// gone.
+class LifeToken {
+public:
+    LifeToken() = default;
+    LifeToken(const LifeToken&) = delete;
+    LifeToken& operator=(const LifeToken&) = delete;
+
+    std::weak_ptr<const void> watch() const { return alive_; }
+
+private:
+    std::shared_ptr<const void> alive_ = std::make_shared<char>();
+};
+
+/// What waits for the next turn of the message loop: focus notifications, a person's keys and
+/// presses, current-cell changes that the grid's structure forced. One queue a form.
+class MessageQueue {
+public:
+    using Notification = std::function<void()>;
+
+    /// Appends; `on_post` is told, so that a real message loop can plan a turn.
+    void post(const LifeToken& owner, Notification notification);
+
+    /// One turn: delivers in order until the queue is empty, what is posted meanwhile included. A
+    /// turn inside a turn does the same. The first error of a handler leaves the turn; the rest
+    /// stays queued.
+    void turn();
+
+    bool empty() const noexcept { return waiting_.empty(); }
+
+    /// Called after every `post`; empty for none.
+    void set_on_post(std::function<void()> on_post) { on_post_ = std::move(on_post); }
+
+private:
+    struct Waiting {
+        std::weak_ptr<const void> owner;
+        Notification notification;
+    };
+
+    std::deque<Waiting> waiting_;
+    std::function<void()> on_post_;
+};
+
+} // namespace krv::standard
