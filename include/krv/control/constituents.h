@@ -1,0 +1,32 @@
+#pragma once
+
+#include "krv/platform/controls.h"
+#include "krv/platform/data_access.h"
+#include "krv/platform/formatter.h"
+#include "krv/platform/grid.h"
+#include "krv/platform/host.h"
+
+namespace krv {
+
+/// The parts that a backend makes and a `KarvoList` works with. They outlive the control.
+struct Constituents {
+    platform::Grid& Grid;   ///< the list; row 0 holds the captions
+    platform::Grid& GridIn; ///< the input line: row 0 repeats the captions, row 1 holds the values
+    platform::TextBox& InpFld; ///< the field editor over one cell of `GridIn`
+    platform::Button& btnAdd;
+    platform::Button& btnInsert;
+    platform::Button& btnDelete;
+    platform::Button& btnCopy;
+    platform::Button& btnOK;
+    platform::Line& Line1; ///< the highlight line at the control's bottom edge
+};
+
+/// What a control needs besides its parts. All of it outlives the control.
+struct Surroundings {
+    platform::Container& container;
+    platform::Application& application;
+    platform::DataAccess& data_access;
+    const platform::Formatter& formatter;
+};
+
+} // namespace krv

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+
+namespace krv {
+
+struct Constituents;
+struct ControlState;
+class FunctionButtons;
+
+/// Puts the field editor over the input line's cell in this column, 0 to `GridIn.Cols` - 1.
+void place_editor_over(const Constituents& parts, std::int32_t col);
+
+/// Places every part for the control's present size, which is first raised to 5055 x 1800 twips.
+/// Hidden buttons keep their place in the row.
+void lay_out(ControlState& state, FunctionButtons& buttons);
+
+} // namespace krv

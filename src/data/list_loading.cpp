@@ -1,0 +1,176 @@
+#include "data/list_loading.h"
+
+#include "control/control_state.h"
+#include "control/function_buttons.h"
+#include "data/record_source.h"
+#include "editing/commands.h"
+
+namespace krv::data {
+
+namespace {
+
+bool is_blank(const std::string& text) {
+    return text.find_first_not_of(' ') == std::string::npos;
+}
+
+/// Holds the row-change handling off, as a run of its own would, for as long as it lives.
+class RowChangeHold {
+public:
+    explicit RowChangeHold(ControlState& state)
+        : state_(state)
+        , watch_(state.life)
+        , before_(state.edit.RowChangeBusy) {
+        state_.edit.RowChangeBusy = true;
+    }
+
+    RowChangeHold(const RowChangeHold&) = delete;
+    RowChangeHold& operator=(const RowChangeHold&) = delete;
+
+    ~RowChangeHold() {
+        if (!watch_.ended()) {
+            state_.edit.RowChangeBusy = before_;
+        }
+    }
+
+private:
+    ControlState& state_;
+    LifeWatch watch_;
+    bool before_;
+};
+
+} // namespace
+
+ListLoading::ListLoading(ControlState& state, RecordSource& source, FunctionButtons& buttons)
+    : state_(state)
+    , source_(source)
+    , buttons_(buttons) {}
+
+void ListLoading::Refresh() {
+    buttons_.recaption_after_load();
+    switch (source_.open()) {
+    case Opening::opened:
+        fill();
+        break;
+    case Opening::nothing_to_open:
+        break;
+    case Opening::refused:
+    case Opening::control_ended:
+        return;
+    }
+    reset_after_refresh();
+}
+
+void ListLoading::fill() {
+    platform::Grid& list = state_.parts.Grid;
+    platform::Recordset& records = *source_.recordset;
+    list.SetRows(1);
+    while (!records.Eof()) {
+        list.AddItem("");
+        fill_row(list.Rows() - 1);
+        records.MoveNext();
+    }
+}
+
+void ListLoading::fill_row(std::int32_t grid_row) {
+    platform::Grid& list = state_.parts.Grid;
+    const platform::Fields& fields = source_.recordset->Fields();
+    const std::int32_t cols = list.Cols();
+    for (std::int32_t col = 0; col < cols; ++col) {
+        const std::string& field_name = state_.columns.ColDataField(col);
+        if (is_blank(field_name)) {
+            continue;
+        }
+        const platform::ValueView value = fields.Item(field_name).Value();
+        const std::string& pattern = state_.columns.ColFormat(col);
+        if (value.is_null()) {
+            cell_text_.clear();
+        } else if (!pattern.empty()) {
+            state_.host.formatter.Format(value, pattern, cell_text_);
+        } else {
+            state_.host.formatter.CStr(value, cell_text_);
+        }
+        list.SetTextMatrix(grid_row, col, cell_text_);
+    }
+}
+
+void ListLoading::reset_after_refresh() {
+    const LifeWatch watch(state_.life);
+    const Constituents& parts = state_.parts;
+    // A load asks nothing and offers nothing: what the user typed into a row that is gone has no
+    // place.
+    const RowChangeHold hold(state_);
+    state_.commands->CloseField();
+    state_.host.container.Repaint();
+    state_.edit.EditRow = -1;
+    parts.Grid.SetRow(0);
+    if (watch.ended()) {
+        return;
+    }
+    state_.edit.ColInEdit = 0;
+    state_.edit.Editing = false;
+    parts.GridIn.SetVisible(false);
+    parts.InpFld.SetVisible(false);
+    parts.InpFld.SetText("");
+    if (watch.ended()) {
+        return;
+    }
+    state_.host.application.Yield();
+    if (watch.ended()) {
+        return;
+    }
+    buttons_.EvidenziaFunzione(0);
+    for (platform::Button* button :
+         {&parts.btnOK, &parts.btnInsert, &parts.btnDelete, &parts.btnCopy}) {
+        button->SetVisible(false);
+    }
+    state_.edit.Modified = false;
+}
+
+void ListLoading::Clear() {
+    state_.parts.Grid.Clear();
+    state_.parts.GridIn.Clear();
+    reset_after_emptying(AutomaticAdd::allowed);
+}
+
+void ListLoading::Svuota(bool never_add) {
+    const Constituents& parts = state_.parts;
+    parts.Grid.SetRows(1);
+    parts.GridIn.SetRows(1); // dropped and made again, the input line comes back empty
+    parts.GridIn.SetRows(2);
+    reset_after_emptying(never_add ? AutomaticAdd::withheld : AutomaticAdd::allowed);
+}
+
+void ListLoading::reset_after_emptying(AutomaticAdd automatic_add) {
+    const LifeWatch watch(state_.life);
+    const Constituents& parts = state_.parts;
+    parts.btnOK.SetVisible(false);
+    state_.edit.EditRow = -1;
+    buttons_.EvidenziaFunzione(0);
+    state_.edit.Adding = false;
+    state_.edit.Inserting = false;
+    state_.edit.Modified = false;
+    if (buttons_.visible(Function::add)) {
+        parts.btnAdd.SetVisible(true);
+    }
+    parts.GridIn.SetVisible(false);
+    parts.InpFld.SetText("");
+    if (watch.ended()) {
+        return;
+    }
+    editing::Commands& commands = *state_.commands;
+    commands.RowChanged();
+    if (watch.ended() || !state_.AutoAdd || automatic_add == AutomaticAdd::withheld) {
+        return;
+    }
+    // Deliberate: the command runs twice with a turn between; hosts see its events twice.
+    commands.Add();
+    if (watch.ended()) {
+        return;
+    }
+    state_.host.application.Yield();
+    if (!watch.ended()) {
+        commands.Add();
+    }
+}
+
+} // namespace krv::data

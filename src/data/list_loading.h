@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace krv {
+
+struct ControlState;
+class FunctionButtons;
+
+namespace data {
+
+class RecordSource;
+
+/// Fills the list from the record source and empties it.
+///
+/// A host may destroy the control in any turn of the message loop that these routines give, and in
+/// the events behind it; they end there without touching it again.
+class ListLoading {
+public:
+    ListLoading(ControlState& state, RecordSource& source, FunctionButtons& buttons);
+
+    void Refresh();
+    void Clear();
+    void Svuota(bool never_add);
+
+private:
+    enum class AutomaticAdd { allowed, withheld };
+
+    void fill();
+    void fill_row(std::int32_t grid_row);
+    void reset_after_refresh();
+    void reset_after_emptying(AutomaticAdd automatic_add);
+
+    ControlState& state_;
+    RecordSource& source_;
+    FunctionButtons& buttons_;
+    std::string cell_text_;
+};
+
+} // namespace data
+
+} // namespace krv
