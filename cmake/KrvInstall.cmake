@@ -6,7 +6,23 @@ install(TARGETS ${libraries}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/krv DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+
+# Headers of parts that were left out of the build would only mislead.
+set(left_out_headers "")
+if(NOT KRV_WITH_QT)
+    list(APPEND left_out_headers PATTERN "krv/qt" EXCLUDE)
+endif()
+if(NOT KRV_WITH_SQLITE)
+    list(APPEND left_out_headers PATTERN "krv/providers/sqlite*" EXCLUDE)
+endif()
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/krv
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+    FILES_MATCHING PATTERN "*.h" ${left_out_headers})
+
+# The parts that others can ask for by find_package(krvList3 COMPONENTS ...).
+set(components ${libraries})
+list(TRANSFORM components REPLACE "^krv_" "")
+string(REPLACE ";" " " components "${components}")
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/krvList3)
 install(EXPORT krvList3Targets NAMESPACE krvList3:: DESTINATION ${package_dir})
