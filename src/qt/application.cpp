@@ -1,0 +1,67 @@
+#include "qt/application.h"
+
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPointer>
+
+namespace krv::qt {
+
+namespace {
+
+QString text_of(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QMessageBox* make_box(QWidget* parent,
+                      const QString& title,
+                      std::string_view text,
+                      platform::MessageButtons buttons) {
+    const bool asks = buttons == platform::MessageButtons::yes_no;
+    auto* const box = new QMessageBox(asks ? QMessageBox::Question : QMessageBox::Information,
+                                      title,
+                                      text_of(text),
+                                      asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
+                                      parent);
+    // Texts of a database or a host are no markup.
+    box->setTextFormat(Qt::PlainText);
+    if (asks) {
+        box->setEscapeButton(QMessageBox::No);
+    }
+    return box;
+}
+
+} // namespace
+
+std::string QtApplication::Title() const {
+    return QGuiApplication::applicationDisplayName().toStdString();
+}
+
+void QtApplication::SetTitle(std::string_view title) {
+    QGuiApplication::setApplicationDisplayName(text_of(title));
+}
+
+platform::MessageAnswer QtApplication::MsgBox(std::string_view text,
+                                              platform::MessageButtons buttons) {
+    if (message_handler_) {
+        const MessageHandler handler = message_handler_;
+        return handler(text, buttons);
+    }
+    // The host may destroy the control while the box is open; the box goes with it then.
+    const QPointer<QMessageBox> box =
+        make_box(surface_->root().window(), text_of(Title()), text, buttons);
+    const int answer = box->exec();
+    delete box;
+    if (buttons == platform::MessageButtons::ok) {
+        return platform::MessageAnswer::ok;
+    }
+    return answer == QMessageBox::Yes ? platform::MessageAnswer::yes : platform::MessageAnswer::no;
+}
+
+void QtApplication::Yield() {
+    const std::shared_ptr<Surface> surface = surface_;
+    if (!surface->closed()) {
+        surface->turn();
+    }
+}
+
+} // namespace krv::qt

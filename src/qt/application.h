@@ -1,0 +1,32 @@
+#pragma once
+
+#include "krv/platform/host.h"
+#include "krv/qt/message_handler.h"
+#include "qt/surface.h"
+
+#include <memory>
+#include <string>
+
+namespace krv::qt {
+
+/// The host's program as the control sees it. The title is the application's display name.
+class QtApplication : public platform::Application {
+public:
+    explicit QtApplication(std::shared_ptr<Surface> surface)
+        : surface_(std::move(surface)) {}
+
+    std::string Title() const override;
+    void SetTitle(std::string_view title) override;
+    platform::MessageAnswer MsgBox(std::string_view text,
+                                   platform::MessageButtons buttons) override;
+    void Yield() override;
+
+    /// Instead of showing boxes; empty shows them again.
+    void set_message_handler(MessageHandler handler) { message_handler_ = std::move(handler); }
+
+private:
+    std::shared_ptr<Surface> surface_;
+    MessageHandler message_handler_;
+};
+
+} // namespace krv::qt

@@ -1,0 +1,120 @@
+#include "qt/button.h"
+
+#include "krv/qt/colors.h"
+#include "qt/keys.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace krv::qt {
+
+namespace {
+
+bool clicks(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
+           event.key() == Qt::Key_Space || event.key() == Qt::Key_Select;
+}
+
+} // namespace
+
+FunctionButton::FunctionButton(QtButton& part, QWidget& parent)
+    : QPushButton(&parent)
+    , part_(part) {
+    setAutoDefault(false);
+}
+
+bool FunctionButton::event(QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        auto& key = static_cast<QKeyEvent&>(*event);
+        if (is_tab(key) && part_.surface().tab_reaches(part_)) {
+            keyPressEvent(&key);
+            return true;
+        }
+    }
+    return QPushButton::event(event);
+}
+
+void FunctionButton::keyPressEvent(QKeyEvent* event) {
+    if (!clicks(*event)) {
+        event->accept();
+        part_.press_key(*event);
+        return;
+    }
+    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select) {
+        QPushButton::keyPressEvent(event); // clicks at the release
+        return;
+    }
+    event->accept();
+    if (!event->isAutoRepeat()) {
+        QAbstractButton::click();
+    }
+}
+
+void FunctionButton::mousePressEvent(QMouseEvent* event) {
+    const QPointer<FunctionButton> alive(this);
+    if (part_.press_arrives() && alive) {
+        QPushButton::mousePressEvent(event);
+    }
+}
+
+QtButton::QtButton(Surface& surface, std::string name)
+    : QtPart(surface, std::move(name))
+    , button_(new FunctionButton(*this, surface.root())) {
+    adopt(button_);
+    surface.add(*this);
+    QObject::connect(button_, &QPushButton::clicked, button_, [this] { click(); });
+}
+
+void QtButton::SetCaption(std::string_view caption) {
+    caption_ = caption;
+    QString text = QString::fromStdString(caption_);
+    button_->setAccessibleName(text);
+    button_->setToolTip(text);
+    // An ampersand is a plain character here, not the mark of a shortcut.
+    button_->setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
+}
+
+void QtButton::SetBackColor(platform::OleColor color) {
+    back_color_ = color;
+    apply_color();
+}
+
+void QtButton::apply_color() {
+    QPalette palette;
+    if (back_color_ != platform::button_face_color) {
+        const QColor face = color_from_ole(back_color_, button_->parentWidget()->palette());
+        palette.setColor(QPalette::Button, face);
+        palette.setColor(QPalette::ButtonText, face.lightnessF() > 0.5 ? Qt::black : Qt::white);
+    }
+    button_->setPalette(palette);
+}
+
+bool QtButton::press_arrives() {
+    const std::shared_ptr<Surface> shared = surface().shared_from_this();
+    bool arrives = false;
+    shared->person_acts([&] { arrives = shared->has_focus(*this); });
+    return arrives;
+}
+
+void QtButton::press_key(QKeyEvent& event) {
+    surface().key_acts([&] {
+        std::int16_t code = key_code(event);
+        std::int16_t shift = shift_state(event.modifiers());
+        if (events_ != nullptr && code != 0 && surface().has_focus(*this)) {
+            const std::shared_ptr<Surface> shared = surface().shared_from_this();
+            events_->KeyDown(code, shift);
+        }
+        // Escape is the host's when the control left it alone: it closes dialogs.
+        event.setAccepted(code == 0 || event.key() != Qt::Key_Escape);
+    });
+}
+
+void QtButton::click() {
+    surface().person_acts([this] {
+        if (events_ != nullptr) {
+            events_->Click();
+        }
+    });
+}
+
+} // namespace krv::qt

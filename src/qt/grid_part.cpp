@@ -1,0 +1,81 @@
+#include "qt/grid_part.h"
+
+#include "qt/keys.h"
+
+#include <QKeyEvent>
+
+namespace krv::qt {
+
+QtGrid::QtGrid(Surface& surface, std::string name, standard::GridSelection selection)
+    : Face(surface.queue(), selection, surface, std::move(name))
+    , view_(new GridView(flex(), &surface.root())) {
+    adopt(view_);
+    surface.add(*this);
+    view_->set_owner(this);
+}
+
+QtGrid::~QtGrid() {
+    // The view draws this part's grid: it may not outlive it.
+    delete widget();
+}
+
+void QtGrid::SetWidth(platform::TwipsSingle width) {
+    Face::SetWidth(width);
+    view_->sync_view_size();
+}
+
+void QtGrid::SetHeight(platform::TwipsSingle height) {
+    Face::SetHeight(height);
+    view_->sync_view_size();
+}
+
+void QtGrid::Move(platform::TwipsSingle left,
+                  platform::TwipsSingle top,
+                  platform::TwipsSingle width,
+                  platform::TwipsSingle height) {
+    Face::Move(left, top, width, height);
+    view_->sync_view_size();
+}
+
+void QtGrid::act(const std::function<void()>& what) {
+    surface().person_acts(what);
+}
+
+void QtGrid::mouse_down(std::int16_t button, std::int16_t shift, float x, float y) {
+    if (events() != nullptr) {
+        events()->MouseDown(button, shift, x, y);
+    }
+}
+
+void QtGrid::mouse_up(std::int16_t button, std::int16_t shift, float x, float y) {
+    if (events() != nullptr) {
+        events()->MouseUp(button, shift, x, y);
+    }
+}
+
+void QtGrid::click(std::int16_t button, std::int16_t shift, float x, float y) {
+    if (events() != nullptr) {
+        events()->Click(button, shift, x, y);
+    }
+}
+
+void QtGrid::double_click() {
+    if (events() != nullptr) {
+        events()->DblClick();
+    }
+}
+
+bool QtGrid::key_down(const QKeyEvent& event) {
+    std::int16_t code = key_code(event);
+    std::int16_t shift = shift_state(event.modifiers());
+    surface().key_acts([&] {
+        if (!surface().has_focus(*this)) {
+            code = 0;
+        } else if (events() != nullptr && code != 0) {
+            events()->KeyDown(code, shift);
+        }
+    });
+    return code != 0;
+}
+
+} // namespace krv::qt

@@ -1,0 +1,140 @@
+#include "qt/karvo_list_rooms.h"
+
+#include "krv/platform/error.h"
+
+#include <cmath>
+
+namespace krv::qt {
+
+namespace {
+
+constexpr platform::TwipsSingle input_line_height = 510;
+constexpr platform::TwipsSingle button_height = 255;
+/// What the control adds to the left edge of a column when it places the editor over its cell.
+constexpr platform::Twips editor_offset = 35;
+
+/// Whether the region reads the text as a number.
+bool is_number(const platform::Formatter& formatter, std::string_view text) {
+    if (text.find_first_of("0123456789") == std::string_view::npos) {
+        return false;
+    }
+    try {
+        static_cast<void>(formatter.CDbl(platform::ValueView::text(text)));
+        return true;
+    } catch (const platform::RuntimeError&) {
+        return false;
+    }
+}
+
+} // namespace
+
+KarvoListWidget::Rooms::Rooms(KarvoListWidget& widget,
+                              std::shared_ptr<platform::DataAccess> data,
+                              std::shared_ptr<const platform::Formatter> format)
+    : data_access(std::move(data))
+    , formatter(std::move(format))
+    , surface(Surface::make(widget))
+    , application(surface)
+    , container(*surface)
+    , grid(*surface, "Grid", standard::GridSelection::by_row)
+    , grid_in(*surface, "GridIn", standard::GridSelection::free)
+    , inp_fld(*surface, "InpFld")
+    , btn_add(*surface, "btnAdd")
+    , btn_insert(*surface, "btnInsert")
+    , btn_delete(*surface, "btnDelete")
+    , btn_copy(*surface, "btnCopy")
+    , btn_ok(*surface, "btnOK")
+    , line(*surface, "Line1") {
+    for (QtButton* button : buttons()) {
+        button->SetHeight(button_height);
+    }
+    grid_in.SetHeight(input_line_height);
+    container.set_parts(
+        {&grid, &grid_in, &inp_fld, &btn_add, &btn_insert, &btn_delete, &btn_copy, &btn_ok, &line});
+    name_parts();
+    keep_columns_aligned();
+    inp_fld.set_on_show([this] { show_edited_column(); });
+    follow_current_row();
+    surface->set_on_exit_focus([this] {
+        if (container.events() != nullptr) {
+            container.events()->ExitFocus();
+        }
+    });
+    list = std::make_unique<KarvoList>(
+        Constituents{
+            grid, grid_in, inp_fld, btn_add, btn_insert, btn_delete, btn_copy, btn_ok, line},
+        Surroundings{container, application, *data_access, *formatter});
+}
+
+KarvoListWidget::Rooms::~Rooms() {
+    surface->close();
+}
+
+std::array<QtButton*, 5> KarvoListWidget::Rooms::buttons() {
+    return {&btn_add, &btn_insert, &btn_delete, &btn_copy, &btn_ok};
+}
+
+void KarvoListWidget::Rooms::place_parts() {
+    for (PartHandle* part : std::initializer_list<PartHandle*>{&grid,
+                                                               &grid_in,
+                                                               &inp_fld,
+                                                               &btn_add,
+                                                               &btn_insert,
+                                                               &btn_delete,
+                                                               &btn_copy,
+                                                               &btn_ok,
+                                                               &line}) {
+        part->place();
+    }
+}
+
+void KarvoListWidget::Rooms::name_parts() {
+    grid.widget()->setAccessibleName(KarvoListWidget::tr("List"));
+    grid_in.widget()->setAccessibleName(KarvoListWidget::tr("Input line"));
+    inp_fld.widget()->setAccessibleName(KarvoListWidget::tr("Field"));
+    line.widget()->setAccessibleName(KarvoListWidget::tr("Active function"));
+}
+
+void KarvoListWidget::Rooms::keep_columns_aligned() {
+    const auto test = [this](std::string_view text) { return is_number(*formatter, text); };
+    grid.view().set_number_test(test);
+    grid_in.view().set_number_test(test);
+    grid_in.view().set_scroll_bars(GridView::ScrollBars::none);
+    QObject::connect(&grid.view(), &GridView::columnsScrolled, &grid_in.view(), [this] {
+        grid_in.flex().set_scroll_x(grid.flex().scroll_x());
+    });
+    QObject::connect(&grid.view(), &GridView::viewSizeChanged, &grid_in.view(), [this] {
+        grid_in.view().set_right_margin(grid.view().scroll_bar_width());
+        grid_in.flex().set_scroll_x(grid.flex().scroll_x());
+    });
+    QObject::connect(
+        &grid_in.view(), &GridView::columnsScrolled, &grid.view(), [this](qint64 twips) {
+            inp_fld.SetLeft(inp_fld.Left() + static_cast<platform::TwipsSingle>(twips));
+            grid.flex().set_scroll_x(grid_in.flex().scroll_x());
+        });
+}
+
+void KarvoListWidget::Rooms::show_edited_column() {
+    const auto left = static_cast<platform::Twips>(std::lrint(inp_fld.Left())) - editor_offset;
+    for (std::int32_t col = 0; col < grid_in.Cols(); ++col) {
+        if (grid_in.ColPos(col) == left && grid_in.ColWidth(col) > 0) {
+            const std::string_view caption = grid_in.TextArray(col);
+            inp_fld.widget()->setAccessibleName(
+                QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
+            grid_in.flex().ensure_visible(-1, col);
+            return;
+        }
+    }
+}
+
+void KarvoListWidget::Rooms::follow_current_row() {
+    surface->set_key_follower([this] {
+        return [this, row = grid.Row()] {
+            if (grid.Row() != row) {
+                grid.flex().ensure_visible(grid.Row(), -1);
+            }
+        };
+    });
+}
+
+} // namespace krv::qt

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "krv/qt/karvo_list_widget.h"
+#include "qt/application.h"
+#include "qt/button.h"
+#include "qt/container.h"
+#include "qt/grid_part.h"
+#include "qt/line.h"
+#include "qt/surface.h"
+#include "qt/text_box.h"
+
+#include <array>
+
+namespace krv::qt {
+
+/// What the widget is made of. The order of the members is that of their making: parts in tab
+/// order, the control last, so that it goes first.
+struct KarvoListWidget::Rooms {
+    Rooms(KarvoListWidget& widget,
+          std::shared_ptr<platform::DataAccess> data,
+          std::shared_ptr<const platform::Formatter> format);
+    ~Rooms();
+
+    std::array<QtButton*, 5> buttons();
+    /// Places every part anew: the resolution is another one.
+    void place_parts();
+
+    std::shared_ptr<platform::DataAccess> data_access;
+    std::shared_ptr<const platform::Formatter> formatter;
+    std::shared_ptr<Surface> surface;
+    QtApplication application;
+    QtContainer container;
+    QtGrid grid;
+    QtGrid grid_in;
+    QtTextBox inp_fld;
+    QtButton btn_add;
+    QtButton btn_insert;
+    QtButton btn_delete;
+    QtButton btn_copy;
+    QtButton btn_ok;
+    QtLine line;
+    std::unique_ptr<KarvoList> list;
+
+private:
+    void name_parts();
+    void keep_columns_aligned();
+    void show_edited_column();
+    void follow_current_row();
+};
+
+} // namespace krv::qt

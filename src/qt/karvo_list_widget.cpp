@@ -1,0 +1,118 @@
+#include "krv/qt/karvo_list_widget.h"
+
+#include "krv/qt/colors.h"
+#include "qt/karvo_list_rooms.h"
+#include "qt/keys.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace krv::qt {
+
+namespace {
+
+constexpr double least_width_twips = 5055;
+constexpr double least_height_twips = 1800;
+
+} // namespace
+
+KarvoListWidget::KarvoListWidget(std::shared_ptr<platform::DataAccess> data_access,
+                                 std::shared_ptr<const platform::Formatter> formatter,
+                                 QWidget* parent)
+    : QWidget(parent) {
+    setFocusPolicy(Qt::ClickFocus);
+    rooms_ = std::make_unique<Rooms>(*this, std::move(data_access), std::move(formatter));
+    rooms_->container.set_on_property_changed([this](std::string_view name) {
+        emit propertyChanged(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    });
+    rooms_->list->InitProperties();
+    rooms_->container.resized();
+}
+
+KarvoListWidget::~KarvoListWidget() {
+    rooms_->surface->close();
+    rooms_->list.reset();
+    // Parts notice events of their widgets while these go; the pointer stays until they are gone.
+    rooms_.reset();
+}
+
+KarvoList& KarvoListWidget::list() noexcept {
+    return *rooms_->list;
+}
+
+const KarvoList& KarvoListWidget::list() const noexcept {
+    return *rooms_->list;
+}
+
+void KarvoListWidget::set_error_handler(ErrorHandler handler) {
+    rooms_->surface->set_error_handler(std::move(handler));
+}
+
+void KarvoListWidget::set_message_handler(MessageHandler handler) {
+    rooms_->application.set_message_handler(std::move(handler));
+}
+
+QSize KarvoListWidget::sizeHint() const {
+    const Resolution resolution(logicalDpiX());
+    return {resolution.px(QtContainer::start_width), resolution.px(QtContainer::start_height)};
+}
+
+QSize KarvoListWidget::minimumSizeHint() const {
+    const Resolution resolution(logicalDpiX());
+    return {resolution.px(least_width_twips), resolution.px(least_height_twips)};
+}
+
+bool KarvoListWidget::event(QEvent* event) {
+    if (event->type() == QEvent::ScreenChangeInternal && rooms_) {
+        rooms_->place_parts();
+    }
+    return QWidget::event(event);
+}
+
+void KarvoListWidget::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && rooms_) {
+        for (QtButton* button : rooms_->buttons()) {
+            button->apply_color();
+        }
+        update();
+    }
+}
+
+void KarvoListWidget::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    // A host that gives the focus to the control means the list; a press on bare surface does not.
+    if (event->reason() == Qt::OtherFocusReason && rooms_ && rooms_->grid.can_take_focus()) {
+        rooms_->grid.widget()->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void KarvoListWidget::keyPressEvent(QKeyEvent* event) {
+    // Keys that a part left alone pass through here on their way to the form: they are not ours.
+    event->ignore();
+    if (!rooms_ || window()->focusWidget() != this) {
+        return;
+    }
+    std::int16_t code = key_code(*event);
+    std::int16_t shift = shift_state(event->modifiers());
+    rooms_->surface->key_acts([&] {
+        if (code != 0 && rooms_->container.events() != nullptr) {
+            rooms_->container.events()->KeyDown(code, shift);
+        }
+    });
+    event->setAccepted(code == 0 || event->key() != Qt::Key_Escape);
+}
+
+void KarvoListWidget::paintEvent(QPaintEvent* /*event*/) {
+    QPainter(this).fillRect(rect(), color_from_ole(rooms_->container.BackColor(), palette()));
+}
+
+void KarvoListWidget::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (rooms_) {
+        rooms_->surface->guard([this] { rooms_->container.take_size(); });
+    }
+}
+
+} // namespace krv::qt
