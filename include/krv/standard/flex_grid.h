@@ -182,31 +182,39 @@ public:
     std::size_t memory_bytes() const noexcept;
 
 private:
+    /// What a view is told about when it is different.
+    struct Stand {
+        std::int32_t row, col, row_sel, col_sel, top_row;
+        std::int64_t top_offset, scroll_x;
+    };
+
     void check_cell(std::int32_t row, std::int32_t col) const;
     void check_row(std::int32_t row) const;
     void check_col(std::int32_t col) const;
     void check_alignment_col(std::int32_t col) const;
     [[noreturn]] void fail(std::int32_t number, const char* description) const;
-    template <class Act>
-    void with_memory(Act act) const;
+
+    Stand stand() const noexcept;
+    void tell_moves(const Stand& before) const;
+    void tell_layout(const Stand& before) const;
 
     void insert_row(std::string_view item, std::int32_t index);
-    void clamp_to_shape();
+    void plan_clamp(std::int32_t rows, std::int32_t cols);
+    void clamp_to_shape() noexcept;
     bool deliver_waiting();
     void
     move_current(std::int32_t row, std::int32_t col, std::int32_t row_sel, std::int32_t col_sel);
-    void select_to(std::int32_t row_sel, std::int32_t col_sel);
     void raise_row_col_change();
 
     std::int64_t row_edge(std::int32_t row) const;
-    platform::Twips body_height() const;
+    std::int64_t body_height() const;
     std::int32_t last_top_row() const;
-    std::int64_t clipped_scroll_y(std::int64_t offset) const;
     void place_top(std::int64_t offset);
     void settle_scroll();
     void show_row(std::int32_t row);
     void show_col(std::int32_t col);
-    void page(std::int32_t direction);
+    void page_up();
+    void page_down();
 
     std::string name_;
     MessageQueue& queue_;

@@ -5,8 +5,9 @@
 namespace krv::standard {
 
 /// Whoever draws a `FlexGrid`. Called inside the grid's members, after the change and before the
-/// row/column change is raised; must not change the grid. Cheap calls only: loading a list makes
-/// one `cells_changed` a cell.
+/// row/column change is raised; must not change the grid. Rows that come or go and another layout
+/// may mean other limits of scrolling too, without a call of `scrolled`. Cheap calls only: loading
+/// a list makes one `cells_changed` a cell.
 class FlexGridView {
 public:
     /// Texts of these rows, both included, are different.

@@ -3,6 +3,7 @@
 #include "krv/platform/grid.h"
 #include "krv/standard/flex_grid.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -148,8 +149,12 @@ private:
     }
 
     void take_size() {
-        flex_.set_view_size(static_cast<platform::Twips>(std::lrint(PartBase::Width())),
-                            static_cast<platform::Twips>(std::lrint(PartBase::Height())));
+        flex_.set_view_size(whole_twips(PartBase::Width()), whole_twips(PartBase::Height()));
+    }
+
+    static platform::Twips whole_twips(platform::TwipsSingle size) {
+        constexpr platform::TwipsSingle largest = 1e9F;
+        return static_cast<platform::Twips>(std::lrint(std::clamp(size, 0.0F, largest)));
     }
 
     FlexGrid flex_;
