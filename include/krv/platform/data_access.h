@@ -35,10 +35,15 @@ inline constexpr std::int32_t state_open = 1;
 
 } // namespace ado
 
+class Recordset;
+
 /// What `Connection::Execute` did.
 struct ExecuteResult {
     /// Rows that the statement changed; 0 for a statement that changes none.
     std::int64_t affected = 0;
+    /// The rows that the statement yields, open on the first of them; null for a statement that
+    /// yields none by its nature. What the statement writes is written by the time it is there.
+    std::shared_ptr<Recordset> records;
 };
 
 /// A connection to a database.
