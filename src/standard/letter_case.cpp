@@ -80,6 +80,10 @@ char32_t upper(char32_t letter) {
     return range == std::end(case_ranges) ? letter : letter - range->distance;
 }
 
+bool is_invalid(std::string_view character) {
+    return character.size() == 1 && static_cast<signed char>(character[0]) < 0;
+}
+
 template <class Change>
 std::string changed(std::string_view text, Change change) {
     std::string result;
@@ -87,8 +91,7 @@ std::string changed(std::string_view text, Change change) {
     for (std::size_t position = 0; position < text.size();) {
         const auto character = text.substr(position, character_length(text, position));
         position += character.size();
-        const bool invalid = character.size() == 1 && static_cast<signed char>(character[0]) < 0;
-        if (invalid) {
+        if (is_invalid(character)) {
             result += character;
         } else {
             append_utf8(change(decode(character)), result);
@@ -148,7 +151,18 @@ std::string upper_case(std::string_view text) {
 }
 
 bool equal_in_any_case(std::string_view left, std::string_view right) {
-    return lower_case(left) == lower_case(right);
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < left.size() && j < right.size()) {
+        const auto a = left.substr(i, character_length(left, i));
+        const auto b = right.substr(j, character_length(right, j));
+        if (a != b && (is_invalid(a) || is_invalid(b) || lower(decode(a)) != lower(decode(b)))) {
+            return false;
+        }
+        i += a.size();
+        j += b.size();
+    }
+    return i == left.size() && j == right.size();
 }
 
 } // namespace krv::standard

@@ -23,6 +23,7 @@ void append_utf8(char32_t code_point, std::string& text);
 std::string lower_case(std::string_view text);
 std::string upper_case(std::string_view text);
 
+/// Never allocates.
 bool equal_in_any_case(std::string_view left, std::string_view right);
 
 /// ASCII letters only.
