@@ -1,0 +1,16 @@
+#pragma once
+
+#include "krv/standard/provider.h"
+
+#include <memory>
+
+namespace krv::providers {
+
+/// Reads SQLite databases.
+///
+/// Keywords: `Data Source`, the path of a database file that exists; `Mode`, read-only with
+/// `Read`, else read-write where the file allows it; `Busy Timeout`, milliseconds to wait for a
+/// lock of others, 0 and up, 5000 by default. Other keywords are not looked at.
+std::shared_ptr<standard::Provider> make_sqlite_provider();
+
+} // namespace krv::providers

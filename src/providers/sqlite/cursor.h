@@ -1,0 +1,74 @@
+#pragma once
+
+#include "krv/standard/provider.h"
+#include "providers/sqlite/statement.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace krv::providers::sqlite {
+
+/// Rows of a statement, straight out of SQLite.
+class Cursor final : public standard::ProviderCursor {
+public:
+    Cursor(std::shared_ptr<const Database> database, Statement statement);
+
+    bool step() override;
+
+    std::span<const standard::ColumnInfo> columns() const override { return columns_; }
+
+    platform::ValueView value(std::size_t column) override {
+        Cell& cell = cells_[column];
+        if (cell.row != row_) {
+            cell.value = read(static_cast<int>(column), cell);
+            cell.row = row_;
+        }
+        return cell.value;
+    }
+
+    void release() noexcept override { statement_.finalize(); }
+
+private:
+    struct Cell {
+        std::uint64_t row = 0; ///< the row that `value` belongs to, 0 for none
+        std::int16_t type = 0; ///< of the column
+        platform::ValueView value;
+        std::string storage; ///< of a value that is not SQLite's own text
+    };
+
+    void describe_columns();
+    void settle_types_by_the_first_row(bool has_row);
+    platform::ValueView read(int column, Cell& cell);
+    std::string_view read_text(int column, std::string& storage);
+
+    std::shared_ptr<const Database> database_; // outlives the statement
+    Statement statement_;
+    std::vector<standard::ColumnInfo> columns_;
+    std::vector<Cell> cells_;
+    std::uint64_t row_ = 0; ///< counts from 1 at the first row
+};
+
+/// Rows that were read in advance.
+class ReadAheadCursor final : public standard::ProviderCursor {
+public:
+    /// Reads `rows` to their end.
+    explicit ReadAheadCursor(standard::ProviderCursor& rows);
+
+    bool step() override { return ++row_ <= rows_.size(); }
+
+    std::span<const standard::ColumnInfo> columns() const override { return columns_; }
+
+    platform::ValueView value(std::size_t column) override {
+        return rows_[row_ - 1][column].view();
+    }
+
+    void release() noexcept override { rows_.clear(); }
+
+private:
+    std::vector<standard::ColumnInfo> columns_;
+    std::vector<std::vector<platform::Value>> rows_;
+    std::size_t row_ = 0;
+};
+
+} // namespace krv::providers::sqlite
