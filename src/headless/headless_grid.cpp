@@ -1,0 +1,87 @@
+#include "krv/headless/headless_grid.h"
+
+#include "krv/headless/activity.h"
+#include "krv/headless/headless_control.h"
+#include "krv/headless/headless_form.h"
+
+#include <cmath>
+#include <utility>
+
+namespace krv::headless {
+
+namespace {
+
+platform::Twips whole(float twips) {
+    return static_cast<platform::Twips>(std::lrint(twips));
+}
+
+} // namespace
+
+HeadlessGrid::HeadlessGrid(HeadlessForm& form,
+                           HeadlessControl* control,
+                           std::string name,
+                           standard::GridSelection selection,
+                           GridKeys keys)
+    : GridFace(form.queue(), selection, form, control, std::move(name))
+    , keys_(keys) {
+    flex().set_on_row_col_change([this] { raise_row_col_change(); });
+}
+
+void HeadlessGrid::raise_row_col_change() {
+    if (events() != nullptr) {
+        const Activity activity(form());
+        events()->RowColChange();
+    }
+}
+
+void HeadlessGrid::key_down(std::int16_t& key_code, std::int16_t& shift) {
+    if (keys_ == GridKeys::surface && control() != nullptr) {
+        control()->key_down(key_code, shift);
+    } else if (events() != nullptr) {
+        const Activity activity(form());
+        events()->KeyDown(key_code, shift);
+    }
+}
+
+void HeadlessGrid::act_on_key(std::int16_t key_code, std::int16_t /*shift*/) {
+    flex().scroll_by_key(key_code);
+}
+
+void HeadlessGrid::press(const Mouse& mouse) {
+    const Activity activity(form());
+    flex().mouse_press(whole(mouse.x), whole(mouse.y));
+    if (events() != nullptr) {
+        events()->MouseDown(mouse.button, mouse.shift, mouse.x, mouse.y);
+    }
+}
+
+void HeadlessGrid::drag(const Mouse& mouse) {
+    flex().mouse_drag(whole(mouse.x), whole(mouse.y));
+}
+
+void HeadlessGrid::let_go() {
+    flex().mouse_release();
+}
+
+void HeadlessGrid::release(const Mouse& mouse) {
+    if (events() != nullptr) {
+        const Activity activity(form());
+        events()->MouseUp(mouse.button, mouse.shift, mouse.x, mouse.y);
+    }
+}
+
+void HeadlessGrid::click(const Mouse& mouse) {
+    if (events() != nullptr) {
+        const Activity activity(form());
+        events()->Click(mouse.button, mouse.shift, mouse.x, mouse.y);
+    }
+}
+
+void HeadlessGrid::double_click(const Mouse& /*mouse*/) {
+    if (events() != nullptr) {
+        const Activity activity(form());
+        events()->DblClick();
+    }
+}
+
+} // namespace krv::headless
