@@ -33,7 +33,7 @@ protected:
             "INSERT INTO persone VALUES"
             " (2,'Bruno','2024-03-05',1.5,1,1234.5,'2024-03-05 14:07:09',x'00ff'),"
             " (1,'Anna',NULL,NULL,NULL,NULL,NULL,NULL),"
-            " (3,'',' 31 dic ',0.0,0,0,'non una data',NULL);"
+            " (3,'',' 31 brumaio ',0.0,0,0,'non una data',NULL);"
             "CREATE TABLE vuota (id INTEGER);"
             "CREATE TABLE \"due parole\" (id INTEGER); INSERT INTO \"due parole\" VALUES (9);"
             "CREATE TABLE \"a\"\"b]; DROP TABLE persone; --\" (id INTEGER);"
@@ -96,7 +96,7 @@ TEST_F(SqliteList, columns_format_their_values) {
 }
 
 TEST_F(SqliteList, a_date_that_is_no_date_is_shown_as_it_stands) {
-    EXPECT_THAT(column("nato", "dd/mm/yyyy"), ElementsAre("05/03/2024", "", " 31 dic "));
+    EXPECT_THAT(column("nato", "dd/mm/yyyy"), ElementsAre("05/03/2024", "", " 31 brumaio "));
     EXPECT_THAT(column("quando", "dd/mm/yyyy")[2], "non una data");
 }
 
