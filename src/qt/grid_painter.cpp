@@ -12,13 +12,13 @@ namespace {
 constexpr int padding_px = 4;
 constexpr int line_px = 1;
 
-QColor mix(const QColor& one, const QColor& other, double share_of_other) {
+QRgb mix(QRgb one, QRgb other, double share_of_other) {
     const auto channel = [share_of_other](int a, int b) {
         return static_cast<int>(std::lrint(a + (b - a) * share_of_other));
     };
-    return {channel(one.red(), other.red()),
-            channel(one.green(), other.green()),
-            channel(one.blue(), other.blue())};
+    return qRgb(channel(qRed(one), qRed(other)),
+                channel(qGreen(one), qGreen(other)),
+                channel(qBlue(one), qBlue(other)));
 }
 
 enum class Side { left, centre, right };
@@ -58,15 +58,31 @@ double share_above(std::int16_t alignment) {
 
 } // namespace
 
+void GridPainter::set_font(const QFont& font) {
+    font_ = font;
+    texts_.set_font(font);
+    atlas_.set_font(font, std::max(atlas_.scale(), 1));
+}
+
 void GridPainter::set_palette(const QPalette& palette) {
-    base_ = palette.color(QPalette::Base);
-    text_ = palette.color(QPalette::Text);
+    base_ = palette.color(QPalette::Base).rgb();
+    text_ = palette.color(QPalette::Text).rgb();
     line_ = mix(base_, text_, 0.15);
-    highlight_ = palette.color(QPalette::Highlight);
-    highlighted_text_ = palette.color(QPalette::HighlightedText);
-    caption_ = palette.color(QPalette::Button);
-    caption_text_ = palette.color(QPalette::ButtonText);
+    highlight_ = palette.color(QPalette::Highlight).rgb();
+    highlighted_text_ = palette.color(QPalette::HighlightedText).rgb();
+    caption_ = palette.color(QPalette::Button).rgb();
+    caption_text_ = palette.color(QPalette::ButtonText).rgb();
     caption_line_ = mix(caption_, caption_text_, 0.3);
+}
+
+int GridPainter::strip_scale(const QPainter& painter) const {
+    const QTransform to_device = painter.deviceTransform();
+    const double scale = to_device.m11();
+    const auto whole = [](double number) { return number == std::floor(number); };
+    const bool fits = to_device.type() <= QTransform::TxScale && scale == to_device.m22() &&
+                      whole(scale) && scale >= 1 && scale <= 8 && whole(to_device.dx()) &&
+                      whole(to_device.dy());
+    return fits ? static_cast<int>(scale) : 0;
 }
 
 void GridPainter::paint(QPainter& painter,
@@ -74,11 +90,14 @@ void GridPainter::paint(QPainter& painter,
                         const QRect& area,
                         bool focused) {
     const GridGeometry geometry(grid_, resolution);
+    scale_ = strip_scale(painter);
+    if (scale_ > 0 && atlas_.scale() != scale_) {
+        atlas_.set_font(font_, scale_);
+    }
     find_columns(geometry, area);
     if (area.bottom() >= geometry.captions_bottom()) {
         paint_rows(painter, geometry, area);
     }
-    // The captions come last: they lie over the upper part of a row that is half scrolled out.
     if (area.top() < geometry.captions_bottom()) {
         paint_captions(painter, geometry, area);
     }
@@ -106,34 +125,36 @@ void GridPainter::paint_captions(QPainter& painter,
                                  const GridGeometry& geometry,
                                  const QRect& area) {
     const int bottom = geometry.captions_bottom();
-    painter.fillRect(area.left(), 0, area.width(), bottom, caption_);
-    painter.fillRect(area.left(), bottom - line_px, area.width(), line_px, caption_line_);
-    paint_column_lines(painter, 0, bottom, caption_line_);
-    for (const Column& column : columns_) {
-        paint_text(painter, grid_.TextMatrix(0, column.col), column, 0, bottom, caption_text_);
-    }
+    const QRect captions(area.left(), 0, area.width(), bottom);
+    paint_row(painter,
+              {0, 0, bottom, captions & area, caption_, caption_text_, caption_line_, false});
+    paint_shaped_texts(painter, captions & area);
+    // The line under the captions goes on behind the last column.
+    painter.fillRect(area.left(), bottom - line_px, area.width(), line_px, QColor(caption_line_));
 }
 
 void GridPainter::paint_rows(QPainter& painter, const GridGeometry& geometry, const QRect& area) {
-    const int top_of_data = std::max(area.top(), geometry.captions_bottom());
-    painter.fillRect(
-        area.left(), top_of_data, area.width(), area.bottom() + 1 - top_of_data, base_);
-    const std::int32_t first = geometry.row_at(top_of_data);
-    if (first < 0) {
-        return;
-    }
-    int bottom = top_of_data;
-    for (std::int32_t row = std::max(first, 1); row < grid_.Rows(); ++row) {
+    const QRect body = area.adjusted(0, std::max(0, geometry.captions_bottom() - area.top()), 0, 0);
+    const std::int32_t first = geometry.row_at(body.top());
+    int bottom = body.top();
+    for (std::int32_t row = std::max(first, 1); first >= 0 && row < grid_.Rows(); ++row) {
         const int top = geometry.row_top(row);
-        if (top > area.bottom()) {
+        if (top > body.bottom()) {
             break;
         }
-        bottom = geometry.row_bottom(row);
-        if (bottom > top) {
-            paint_row(painter, row, top, bottom, area);
+        const int end = geometry.row_bottom(row);
+        if (end > top) {
+            const QRect whole(body.left(), top, body.width(), end - top);
+            paint_row(painter,
+                      {row, top, end, whole & body, base_, text_, line_, row_is_selected(row)});
+            bottom = end;
         }
     }
-    paint_column_lines(painter, top_of_data, std::min(bottom, area.bottom() + 1), line_);
+    if (bottom <= body.bottom()) {
+        painter.fillRect(
+            body.left(), bottom, body.width(), body.bottom() + 1 - bottom, QColor(base_));
+    }
+    paint_shaped_texts(painter, body);
 }
 
 bool GridPainter::row_is_selected(std::int32_t row) const {
@@ -142,79 +163,136 @@ bool GridPainter::row_is_selected(std::int32_t row) const {
     return grid_.selection() == standard::GridSelection::by_row && row >= first && row <= last;
 }
 
-void GridPainter::paint_row(
-    QPainter& painter, std::int32_t row, int top, int bottom, const QRect& area) {
-    const bool selected = row_is_selected(row);
-    if (selected) {
-        paint_selected(painter, row, {area.left(), top, area.width(), bottom - top});
-    }
-    int right = area.left();
-    for (const Column& column : columns_) {
-        const bool highlighted = selected && grid_.is_selected(row, column.col);
-        paint_text(painter,
-                   grid_.TextMatrix(row, column.col),
-                   column,
-                   top,
-                   bottom,
-                   highlighted ? highlighted_text_ : text_);
-        right = column.right;
-    }
-    painter.fillRect(area.left(), bottom - line_px, right - area.left(), line_px, line_);
-}
-
-void GridPainter::paint_selected(QPainter& painter, std::int32_t row, const QRect& row_area) {
+QRect GridPainter::selected_area(const Row& row) const {
     int left = 0;
     int right = 0;
     for (const Column& column : columns_) {
-        if (grid_.is_selected(row, column.col)) {
+        if (row.selected && grid_.is_selected(row.row, column.col)) {
             left = left == right ? column.left : left;
             right = column.right;
         }
     }
-    painter.fillRect(left, row_area.top(), right - left, row_area.height(), highlight_);
+    return {left, row.top, right - left, row.bottom - row.top};
 }
 
-void GridPainter::paint_text(QPainter& painter,
-                             std::string_view text,
-                             const Column& column,
-                             int top,
-                             int bottom,
-                             const QColor& color) {
+QRgb GridPainter::text_color(const Row& row, std::int32_t col) const {
+    return row.selected && grid_.is_selected(row.row, col) ? highlighted_text_ : row.text;
+}
+
+void GridPainter::paint_row(QPainter& painter, const Row& row) {
+    if (row.seen.isEmpty()) {
+        return;
+    }
+    if (scale_ == 0) {
+        paint_row_plainly(painter, row);
+        return;
+    }
+    const auto to_strip = [&](const QRect& area) {
+        const QPoint place = (area.topLeft() - row.seen.topLeft()) * scale_;
+        return QRect(place, area.size() * scale_);
+    };
+    strip_.begin(row.seen.size() * scale_, row.background);
+    strip_.fill(to_strip(selected_area(row)), highlight_);
+    for (const Column& column : columns_) {
+        put_in_strip(row, column);
+        strip_.fill(to_strip({column.right - line_px, row.top, line_px, row.bottom - row.top}),
+                    row.line);
+    }
+    const int right = columns_.empty() ? row.seen.left() : columns_.back().right;
+    strip_.fill(to_strip({row.seen.left(), row.bottom - line_px, right - row.seen.left(), line_px}),
+                row.line);
+    // Pixel for pixel: through the painter's scale the image would be scaled, and slowly.
+    painter.save();
+    painter.scale(1.0 / scale_, 1.0 / scale_);
+    painter.drawImage(row.seen.topLeft() * scale_, strip_.image());
+    painter.restore();
+}
+
+void GridPainter::put_in_strip(const Row& row, const Column& column) {
+    const std::string_view text = grid_.TextMatrix(row.row, column.col);
     const int width = column.right - column.left - line_px - 2 * padding_px;
     if (text.empty() || width <= 0) {
         return;
     }
-    TextCache::Entry& entry = texts_.find(text);
-    const ShapedText& shaped = texts_.fit(entry, text, width);
-    const Side side = side_of(column.alignment, entry.number);
-    double x = column.left + padding_px;
-    if (side != Side::left) {
-        x += (width - shaped.width) * (side == Side::right ? 1.0 : 0.5);
+    const QRgb color = text_color(row, column.col);
+    if (!letters_.set(atlas_, text, static_cast<float>(width * scale_))) {
+        shaped_.push_back({text, column, row.top, row.bottom, color});
+        return;
     }
-    const double free_height = bottom - top - line_px - texts_.line_height();
-    const double y = top + free_height * share_above(column.alignment);
-    const QPointF place(std::floor(x), std::floor(y));
-    const bool too_high = free_height < 0;
-    if (too_high) {
-        painter.save();
-        painter.setClipRect(QRect(column.left, top, column.right - column.left, bottom - top),
-                            Qt::IntersectClip);
-    }
-    painter.setPen(color);
-    for (const QGlyphRun& run : shaped.runs) {
-        painter.drawGlyphRun(place, run);
-    }
-    if (too_high) {
-        painter.restore();
+    const double free_width = width * scale_ - static_cast<double>(letters_.width());
+    const double free_height =
+        (row.bottom - row.top - line_px) * scale_ - static_cast<double>(atlas_.line_height());
+    const QPoint cell = (QPoint(column.left, row.top) - row.seen.topLeft()) * scale_;
+    const QPoint offset(padding_px * scale_ + static_cast<int>(text_left(column, text, free_width)),
+                        static_cast<int>(std::floor(free_height * share_above(column.alignment)) +
+                                         std::lrint(atlas_.ascent())));
+    const QRect clip(cell, QSize(column.right - column.left, row.bottom - row.top) * scale_);
+    strip_.draw(atlas_, letters_, cell + offset, clip, color);
+}
+
+double GridPainter::text_left(const Column& column, std::string_view text, double free_width) {
+    const bool general = column.alignment == 0 || column.alignment == 9;
+    switch (side_of(column.alignment, general && numbers_.is_number(text))) {
+    case Side::left:
+        return 0;
+    case Side::centre:
+        return free_width / 2;
+    default:
+        return free_width;
     }
 }
 
-void GridPainter::paint_column_lines(QPainter& painter,
-                                     int top,
-                                     int bottom,
-                                     const QColor& color) const {
+void GridPainter::paint_row_plainly(QPainter& painter, const Row& row) {
+    painter.fillRect(row.seen, QColor(row.background));
+    painter.fillRect(selected_area(row) & row.seen, QColor(highlight_));
+    int right = row.seen.left();
     for (const Column& column : columns_) {
-        painter.fillRect(column.right - line_px, top, line_px, bottom - top, color);
+        const std::string_view text = grid_.TextMatrix(row.row, column.col);
+        shaped_.push_back({text, column, row.top, row.bottom, text_color(row, column.col)});
+        const QRect edge(column.right - line_px, row.top, line_px, row.bottom - row.top);
+        painter.fillRect(edge & row.seen, QColor(row.line));
+        right = column.right;
+    }
+    const QRect foot(row.seen.left(), row.bottom - line_px, right - row.seen.left(), line_px);
+    painter.fillRect(foot & row.seen, QColor(row.line));
+}
+
+void GridPainter::paint_shaped_texts(QPainter& painter, const QRect& clip) {
+    if (shaped_.empty()) {
+        return;
+    }
+    painter.save();
+    painter.setClipRect(clip, Qt::IntersectClip);
+    for (const Shaped& shaped : shaped_) {
+        paint_shaped(painter, shaped);
+    }
+    painter.restore();
+    shaped_.clear();
+}
+
+void GridPainter::paint_shaped(QPainter& painter, const Shaped& shaped) {
+    const Column& column = shaped.column;
+    const int width = column.right - column.left - line_px - 2 * padding_px;
+    if (shaped.text.empty() || width <= 0) {
+        return;
+    }
+    const ShapedText& text = texts_.fit(shaped.text, width);
+    const double x = column.left + padding_px + text_left(column, shaped.text, width - text.width);
+    const double free_height = shaped.bottom - shaped.top - line_px - texts_.line_height();
+    const double y = shaped.top + free_height * share_above(column.alignment);
+    const bool too_high = free_height < 0;
+    if (too_high) {
+        painter.save();
+        painter.setClipRect(
+            QRect(column.left, shaped.top, column.right - column.left, shaped.bottom - shaped.top),
+            Qt::IntersectClip);
+    }
+    painter.setPen(QColor(shaped.color));
+    for (const QGlyphRun& run : text.runs) {
+        painter.drawGlyphRun(QPointF(std::floor(x), std::floor(y)), run);
+    }
+    if (too_high) {
+        painter.restore();
     }
 }
 
@@ -223,7 +301,7 @@ void GridPainter::mark_current(QPainter& painter, const GridGeometry& geometry) 
         return;
     }
     const QRect cell = geometry.cell(grid_.Row(), grid_.Col());
-    painter.setPen(highlight_);
+    painter.setPen(QColor(highlight_));
     painter.drawRect(cell.adjusted(0, 0, -line_px - 1, -line_px - 1));
 }
 

@@ -44,15 +44,33 @@ struct GridView::Pending {
     bool layout = true;
     bool row_count = false;
     bool selection = false;
-    std::int32_t first_row = last_possible_row;
-    std::int32_t last_row = -1;
-    std::int32_t selected_first = 0; ///< rows drawn as selected
-    std::int32_t selected_last = 0;
-    ModelChanges changes; ///< for screen readers
+    /// Rows came or went after cells had changed: the cells' numbers are old ones.
+    bool mixed = false;
+    std::int32_t first_cell_row = last_possible_row;
+    std::int32_t last_cell_row = -1;
+    std::int32_t first_moved_row = last_possible_row; ///< from here on rows stand elsewhere
+    ModelChanges changes;                             ///< for screen readers
 
-    void add_rows(std::int32_t first, std::int32_t last) {
-        first_row = std::min(first_row, first);
-        last_row = std::max(last_row, last);
+    // What the screen shows.
+    std::int32_t selected_first = 0;
+    std::int32_t selected_last = 0;
+    std::int64_t content_height = 0;
+
+    void add_cells(std::int32_t first, std::int32_t last) {
+        first_cell_row = std::min(first_cell_row, first);
+        last_cell_row = std::max(last_cell_row, last);
+    }
+
+    void add_moved_rows(std::int32_t first) {
+        mixed = mixed || last_cell_row >= 0;
+        row_count = true;
+        first_moved_row = std::min(first_moved_row, first);
+    }
+
+    void rows_are_drawn() {
+        mixed = false;
+        first_cell_row = first_moved_row = last_possible_row;
+        last_cell_row = -1;
     }
 };
 
@@ -85,7 +103,7 @@ void GridView::set_scroll_bars(ScrollBars bars) {
 }
 
 void GridView::set_number_test(std::function<bool(std::string_view)> is_number) {
-    painter_->texts().set_number_test(std::move(is_number));
+    painter_->set_number_test(std::move(is_number));
     viewport()->update();
 }
 
@@ -103,20 +121,18 @@ void GridView::plan_flush() {
 }
 
 void GridView::cells_changed(std::int32_t first_row, std::int32_t last_row) {
-    pending_->add_rows(first_row, last_row);
+    pending_->add_cells(first_row, last_row);
     plan_flush();
 }
 
 void GridView::rows_inserted(std::int32_t first_row, std::int32_t count) {
-    pending_->add_rows(first_row, last_possible_row);
-    pending_->row_count = true;
+    pending_->add_moved_rows(first_row);
     pending_->changes.add_insertion(first_row, count);
     plan_flush();
 }
 
 void GridView::rows_removed(std::int32_t first_row, std::int32_t count) {
-    pending_->add_rows(first_row, last_possible_row);
-    pending_->row_count = true;
+    pending_->add_moved_rows(first_row);
     pending_->changes.add_removal(first_row, count);
     plan_flush();
 }
@@ -169,23 +185,64 @@ void GridView::flush() {
     if (std::exchange(pending.row_count, false) || pending.layout) {
         sync_view_size();
     }
-    if (std::exchange(pending.layout, false)) {
+    if (pending.layout || pending.first_moved_row == 0) {
         viewport()->update();
-    } else if (pending.last_row >= 0) {
-        update_rows(pending.first_row, pending.last_row);
+    } else {
+        update_changed_rows();
     }
     flush_accessible();
-    pending.first_row = last_possible_row;
-    pending.last_row = -1;
+    pending.layout = false;
+    pending.rows_are_drawn();
+    pending.content_height = grid_.content_height();
     if (std::exchange(pending.selection, false)) {
         update_selection();
     }
 }
 
+void GridView::update_changed_rows() {
+    const Pending& pending = *pending_;
+    if (pending.first_moved_row != last_possible_row && !shift_rows()) {
+        update_rows(pending.first_moved_row, last_possible_row);
+    }
+    if (pending.last_cell_row >= 0) {
+        update_rows(pending.first_cell_row, pending.last_cell_row);
+    }
+}
+
+/// Moves what is on the screen when rows came or went in one place. False when it has to be drawn.
+bool GridView::shift_rows() {
+    const Pending& pending = *pending_;
+    const ModelChanges& changes = pending.changes;
+    const bool inserted = changes.kind == ModelChanges::Kind::insertion;
+    const std::int64_t twips = grid_.content_height() - pending.content_height;
+    const int dy = resolution_.px(static_cast<double>(twips));
+    if ((!inserted && changes.kind != ModelChanges::Kind::removal) || pending.mixed ||
+        changes.first >= grid_.Rows() || resolution_.twips(dy) != static_cast<double>(twips) ||
+        !shifts_exactly(*this)) {
+        return false;
+    }
+    const GridGeometry geometry(grid_, resolution_);
+    const int top = geometry.row_top(changes.first);
+    if (top < geometry.captions_bottom()) {
+        return false;
+    }
+    const QRect below = viewport()->rect().adjusted(0, top, 0, 0);
+    if (!below.isEmpty()) {
+        viewport()->scroll(0, dy, below);
+    }
+    if (inserted) {
+        update_rows(changes.first, changes.last);
+    }
+    // The selection keeps its row numbers, so its colour was moved away.
+    const std::int32_t count = changes.last - changes.first + 1;
+    update_rows(std::max(1, pending.selected_first - count), pending.selected_last + count);
+    return true;
+}
+
 void GridView::flush_accessible() {
     Pending& pending = *pending_;
-    if (pending.last_row >= 0) {
-        pending.changes.add_data(pending.first_row, pending.last_row);
+    if (pending.last_cell_row >= 0) {
+        pending.changes.add_data(pending.first_cell_row, pending.last_cell_row);
     }
     notify_changes(*this, std::exchange(pending.changes, {}));
     if (pending.selection) {
@@ -285,7 +342,7 @@ bool GridView::apply_font_and_screen() {
     const Resolution now(logicalDpiX());
     const bool moved = !(now == resolution_);
     resolution_ = now;
-    painter_->texts().set_font(font());
+    painter_->set_font(font());
     return moved;
 }
 

@@ -46,49 +46,28 @@ QString one_line(std::string_view text) {
 void TextCache::set_font(const QFont& font) {
     font_ = font;
     line_height_ = QFontMetricsF(font).height();
-    clear();
+    entries_.clear();
 }
 
-void TextCache::set_number_test(NumberTest is_number) {
-    is_number_ = std::move(is_number);
-    clear();
-}
-
-void TextCache::clear() {
-    young_.clear();
-    old_.clear();
-}
-
-TextCache::Entry& TextCache::find(std::string_view text) {
-    if (const auto found = young_.find(text); found != young_.end()) {
-        return found->second;
-    }
-    if (young_.size() >= generation_size) {
-        old_ = std::exchange(young_, {});
-    }
-    if (auto kept = old_.extract(old_.find(text) == old_.end() ? std::string() : std::string(text));
-        !kept.empty()) {
-        return young_.insert(std::move(kept)).position->second;
-    }
+TextCache::Entry TextCache::make(std::string_view text) const {
     const std::string_view beginning = beginning_of(text);
     Entry entry;
     entry.whole = shape(one_line(beginning));
     entry.cut = beginning.size() < text.size();
-    entry.number = is_number_ && is_number_(text);
-    return young_.emplace(std::string(text), std::move(entry)).first->second;
+    return entry;
 }
 
-const ShapedText& TextCache::fit(Entry& entry, std::string_view text, int width) {
+const ShapedText& TextCache::fit(std::string_view text, int width) {
+    Entry& entry = entries_.find_or_make(text, [&] { return make(text); });
     if (!entry.cut && entry.whole.width <= width) {
         return entry.whole;
     }
     if (entry.elided_width != width) {
-        const QFontMetricsF metrics(font_);
         QString line = one_line(beginning_of(text));
         if (entry.cut) {
             line.append(QChar(0x2026));
         }
-        entry.elided = shape(metrics.elidedText(line, Qt::ElideRight, width));
+        entry.elided = shape(QFontMetricsF(font_).elidedText(line, Qt::ElideRight, width));
         if (entry.elided.width > width + 1) {
             entry.elided = {};
         }

@@ -139,6 +139,8 @@ private:
     void plan_flush();
     void flush();
     void flush_accessible();
+    void update_changed_rows();
+    bool shift_rows();
     void update_rows(std::int32_t first_row, std::int32_t last_row);
     void update_selection();
     void update_scroll_bars();
