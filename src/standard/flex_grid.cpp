@@ -18,7 +18,7 @@ FlexGrid::FlexGrid(std::string name, MessageQueue& queue, GridSelection selectio
     , queue_(queue)
     , selection_(selection)
     , cells_(std::make_unique<CellStore>(rows_, cols_))
-    , heights_(std::make_unique<RowHeights>(rows_, default_row_height_twips(font_size_)))
+    , heights_(std::make_unique<RowHeights>(rows_, default_row_height_twips(default_font_size)))
     , columns_(std::make_unique<ColumnMeasures>()) {}
 
 FlexGrid::~FlexGrid() = default;

@@ -21,15 +21,18 @@ inline constexpr std::int32_t bad_row_height = 30013;
 inline constexpr std::int32_t bad_col_width = 30014;
 inline constexpr std::int32_t last_data_row = 30015;
 
+// Short enough to need no memory of its own.
+inline constexpr const char* no_memory_text = "Out of memory";
+
 /// Runs what may need memory; want of it becomes the grid's own error.
 template <class Act>
 void gate_memory(const std::string& source, Act act) {
     try {
         act();
     } catch (const std::bad_alloc&) {
-        throw platform::RuntimeError(no_memory, "Not enough memory for the grid", source);
+        throw platform::RuntimeError(no_memory, no_memory_text, source);
     } catch (const std::length_error&) {
-        throw platform::RuntimeError(no_memory, "Not enough memory for the grid", source);
+        throw platform::RuntimeError(no_memory, no_memory_text, source);
     }
 }
 
