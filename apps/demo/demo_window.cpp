@@ -1,0 +1,54 @@
+#include "demo_window.h"
+
+#include "source.h"
+
+#include "krv/qt/karvo_list_widget.h"
+
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLocale>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace krv::demo {
+
+namespace {
+
+constexpr QSize start_size(1000, 560);
+constexpr int margin_px = 8;
+
+QString text_of(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
+
+} // namespace
+
+DemoWindow::DemoWindow(const Source& source)
+    : widget_(new qt::KarvoListWidget(source.data_access, source.formatter)) {
+    auto* const middle = new QWidget(this);
+    auto* const layout = new QVBoxLayout(middle);
+    layout->setContentsMargins(margin_px, margin_px, margin_px, 0);
+    layout->addWidget(widget_);
+    setCentralWidget(middle);
+    setWindowTitle(text_of(source.records) + " – " +
+                   QFileInfo(text_of(source.database)).fileName());
+    // The control gives the program its own start-up title; this one is ours again.
+    QGuiApplication::setApplicationDisplayName("krvList3");
+    statusBar()->addPermanentWidget(new QLabel(text_of(source.region), this));
+    resize(start_size);
+
+    KarvoList& list = widget_->list();
+    set_up_columns(list, source.columns);
+    list.SetDataBaseName(source.database);
+    list.SetRecordsource(source.records);
+    list.SetReadOnlyRecordset(true);
+}
+
+void DemoWindow::load() {
+    widget_->list().Refresh();
+    const QLocale italian(QLocale::Italian, QLocale::Italy);
+    statusBar()->showMessage(QString("%1 righe").arg(italian.toString(widget_->list().Rows())));
+}
+
+} // namespace krv::demo
