@@ -1,5 +1,7 @@
 #include "column_plan.h"
 
+#include "text_width.h"
+
 #include <algorithm>
 
 namespace krv::demo {
@@ -27,8 +29,8 @@ constexpr std::int16_t long_var_binary = 205;
 
 } // namespace type
 
-constexpr platform::Twips character_width = 105;
-constexpr platform::Twips padding = 150;
+constexpr platform::Twips character_width = 115;
+constexpr platform::Twips padding = 180;
 
 platform::Twips width_of_characters(std::int32_t count) {
     return count * character_width + padding;
@@ -79,7 +81,7 @@ Look look_of(std::int16_t code, std::int32_t size) {
 ColumnPlan
 plan_column(std::string_view caption, std::string_view field, std::int16_t code, Look look) {
     // A caption is read as well as its column.
-    const auto letters = static_cast<std::int32_t>(caption.size());
+    const std::int32_t letters = text_width(caption);
     const platform::Twips width =
         std::max(width_of_characters(look.characters), width_of_characters(std::min(letters, 20)));
     return {std::string(caption),
@@ -107,17 +109,17 @@ std::vector<ColumnPlan> plan_columns(const platform::Fields& fields) {
 }
 
 std::vector<ColumnPlan> sample_columns() {
-    const auto money = [] { return Look{"#,##0.00", krvright, 9}; };
+    const auto money = [] { return Look{"#,##0.00", krvright, 8}; };
     return {plan_column("Numero", "Numero", 3, {"", krvright, 6}),
             plan_column("Data", "Data", type::db_date, look_of(type::db_date, 0)),
-            plan_column("Cliente", "Cliente", 202, {"", krvleft, 24}),
-            plan_column("Articolo", "Articolo", 202, {"", krvleft, 26}),
+            plan_column("Cliente", "Cliente", 202, {"", krvleft, 23}),
+            plan_column("Articolo", "Articolo", 202, {"", krvleft, 30}),
             plan_column("Quantità", "Quantità", 3, {"#,##0", krvright, 8}),
             plan_column("Prezzo €", "Prezzo", type::currency, money()),
             plan_column("Sconto %", "Sconto", type::numeric, {"0.0", krvright, 7}),
             plan_column("Totale €", "Totale", type::currency, money()),
             plan_column("Spedito", "Spedito", type::boolean, look_of(type::boolean, 0)),
-            plan_column("Note", "Note", 203, {"", krvleft, 30})};
+            plan_column("Note", "Note", 203, {"", krvleft, 20})};
 }
 
 void set_up_columns(KarvoList& list, const std::vector<ColumnPlan>& columns) {

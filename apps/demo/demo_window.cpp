@@ -15,7 +15,7 @@ namespace krv::demo {
 
 namespace {
 
-constexpr QSize start_size(1000, 560);
+constexpr QSize start_size(1190, 600);
 constexpr int margin_px = 8;
 
 QString text_of(const std::string& utf8) {
