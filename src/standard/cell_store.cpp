@@ -159,19 +159,16 @@ std::size_t CellStore::memory_bytes() const noexcept {
     return bytes;
 }
 
-CellStore::Place CellStore::find(std::int32_t row) const noexcept {
-    if (row < last_.first || row - last_.first >= chunks_[last_.chunk].rows()) {
-        const std::int32_t next_first = last_.first + chunks_[last_.chunk].rows();
-        if (row >= next_first && last_.chunk + 1 < chunks_.size() &&
-            row - next_first < chunks_[last_.chunk + 1].rows()) {
-            last_ = {last_.chunk + 1, next_first};
-        } else {
-            const auto found = row_sums_.find(static_cast<std::uint32_t>(row),
-                                              [](std::uint32_t rows) { return rows; });
-            last_ = {found.item, static_cast<std::int32_t>(found.before)};
-        }
+void CellStore::find_anew(std::int32_t row) const noexcept {
+    const std::int32_t next_first = last_.first + chunks_[last_.chunk].rows();
+    if (row >= next_first && last_.chunk + 1 < chunks_.size() &&
+        row - next_first < chunks_[last_.chunk + 1].rows()) {
+        last_ = {last_.chunk + 1, next_first};
+        return;
     }
-    return last_;
+    const auto found =
+        row_sums_.find(static_cast<std::uint32_t>(row), [](std::uint32_t rows) { return rows; });
+    last_ = {found.item, static_cast<std::int32_t>(found.before)};
 }
 
 CellStore::Place CellStore::find_writable(std::int32_t row) {

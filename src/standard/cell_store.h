@@ -47,7 +47,14 @@ private:
         std::int32_t first; // the chunk's first row
     };
 
-    Place find(std::int32_t row) const noexcept;
+    Place find(std::int32_t row) const noexcept {
+        if (row < last_.first || row - last_.first >= chunks_[last_.chunk].rows()) {
+            find_anew(row);
+        }
+        return last_;
+    }
+
+    void find_anew(std::int32_t row) const noexcept;
     Place find_writable(std::int32_t row);
     void unblank_around(Place place, std::int32_t row);
     void append(std::string_view record);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 #include <new>
 #include <stdexcept>
 
@@ -42,12 +41,6 @@ void for_fields(std::string_view item, std::int32_t cols, Act act) {
 }
 
 } // namespace
-
-bool RowChunk::owns(std::string_view text) const noexcept {
-    const std::less<const char*> lies_before;
-    return !text.empty() && !lies_before(text.data(), buffer_.data()) &&
-           lies_before(text.data(), buffer_.data() + buffer_.size());
-}
 
 void RowChunk::unblank(std::size_t expected_bytes) {
     constexpr std::int32_t rows_with_spare = loaded_rows + loaded_rows / 16;

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -43,7 +44,11 @@ public:
     std::size_t live_bytes() const noexcept { return buffer_.size() - dead_bytes_; }
 
     /// Whether `text` lies in this chunk's own memory.
-    bool owns(std::string_view text) const noexcept;
+    bool owns(std::string_view text) const noexcept {
+        const std::less<const char*> lies_before;
+        return !text.empty() && !lies_before(text.data(), buffer_.data()) &&
+               lies_before(text.data(), buffer_.data() + buffer_.size());
+    }
 
     /// Only on a blank chunk.
     void set_blank_rows(std::int32_t rows) noexcept { rows_ = rows; }
