@@ -112,6 +112,8 @@ void FlexGrid::AddItem(std::string_view item, std::int32_t index) {
     insert_row(item, index);
 }
 
+// Deliberate: current cell, selection and top row keep their numbers, so they stand on other rows
+// when one comes in or goes out above them. Owners of the grid count on it.
 void FlexGrid::insert_row(std::string_view item, std::int32_t index) {
     const Stand before = stand();
     gate_memory(name_, [&] {
