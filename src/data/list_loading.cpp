@@ -81,16 +81,23 @@ void ListLoading::fill_row(std::int32_t grid_row) {
             continue;
         }
         const platform::ValueView value = fields.Item(field_name).Value();
-        const std::string& pattern = state_.columns.ColFormat(col);
-        if (value.is_null()) {
-            cell_text_.clear();
-        } else if (!pattern.empty()) {
-            state_.host.formatter.Format(value, pattern, cell_text_);
-        } else {
-            state_.host.formatter.CStr(value, cell_text_);
-        }
-        list.SetTextMatrix(grid_row, col, cell_text_);
+        list.SetTextMatrix(grid_row, col, cell_text(value, state_.columns.ColFormat(col)));
     }
+}
+
+/// Valid until the next cell, or until the recordset moves.
+std::string_view ListLoading::cell_text(platform::ValueView value, const std::string& pattern) {
+    if (value.is_null()) {
+        return {};
+    }
+    if (!pattern.empty()) {
+        state_.host.formatter.Format(value, pattern, formatted_);
+    } else if (value.kind() == platform::ValueKind::text) {
+        return value.as_text(); // as converted, without the copy: most cells of a list are texts
+    } else {
+        state_.host.formatter.CStr(value, formatted_);
+    }
+    return formatted_;
 }
 
 void ListLoading::reset_after_refresh() {

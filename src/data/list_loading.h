@@ -1,7 +1,10 @@
 #pragma once
 
+#include "krv/platform/value.h"
+
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace krv {
 
@@ -29,13 +32,14 @@ private:
 
     void fill();
     void fill_row(std::int32_t grid_row);
+    std::string_view cell_text(platform::ValueView value, const std::string& pattern);
     void reset_after_refresh();
     void reset_after_emptying(AutomaticAdd automatic_add);
 
     ControlState& state_;
     RecordSource& source_;
     FunctionButtons& buttons_;
-    std::string cell_text_;
+    std::string formatted_; // one buffer for all cells
 };
 
 } // namespace data
