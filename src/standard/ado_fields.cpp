@@ -1,6 +1,5 @@
 #include "standard/ado_fields.h"
 
-#include "standard/ado_errors.h"
 #include "standard/letter_case.h"
 
 namespace krv::standard {

@@ -2,19 +2,15 @@
 
 #include "krv/platform/data_access.h"
 #include "krv/standard/provider.h"
+#include "standard/ado_errors.h"
 
 #include <vector>
 
 namespace krv::standard {
 
-/// Where a field finds the current record.
-class CurrentRow {
-public:
-    /// \throws DataError 3021 when no record is current
-    virtual platform::ValueView value(std::size_t column) const = 0;
-
-protected:
-    ~CurrentRow() = default;
+/// Where the fields find the current record; null when none is current.
+struct CurrentRow {
+    ProviderCursor* cursor = nullptr;
 };
 
 class AdoField final : public platform::Field {
@@ -30,7 +26,12 @@ public:
 
     std::int32_t DefinedSize() const override { return info_.defined_size; }
 
-    platform::ValueView Value() const override { return row_->value(column_); }
+    platform::ValueView Value() const override {
+        if (row_->cursor == nullptr) {
+            raise(data_error_number::no_current_record, fields_layer);
+        }
+        return row_->cursor->value(column_);
+    }
 
 private:
     ColumnInfo info_;

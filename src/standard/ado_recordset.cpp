@@ -84,15 +84,12 @@ void AdoRecordset::open_on(std::shared_ptr<AdoConnection> connection,
                            std::unique_ptr<ProviderCursor> cursor,
                            std::string_view source) {
     const bool has_record = connection->guarded([&] { return cursor->step(); });
-    fields_.assign(cursor->columns(), *this);
+    fields_.assign(cursor->columns(), row_);
     source_ = source;
     connection->attach(*this);
     connection_ = std::move(connection);
     cursor_ = std::move(cursor);
-    position_ = has_record ? Position::on_record : Position::at_end;
-    if (!has_record) {
-        cursor_->release();
-    }
+    stand(has_record ? Position::on_record : Position::at_end);
 }
 
 void AdoRecordset::Close() {
@@ -103,7 +100,7 @@ void AdoRecordset::Close() {
 }
 
 void AdoRecordset::let_go() noexcept {
-    position_ = Position::closed;
+    stand(Position::closed);
     fields_.clear();
     cursor_.reset();
     if (connection_) {
@@ -139,20 +136,17 @@ void AdoRecordset::MoveNext() {
 }
 
 void AdoRecordset::step() {
-    position_ = Position::lost;
-    if (connection_->guarded([&] { return cursor_->step(); })) {
-        position_ = Position::on_record;
-        return;
-    }
-    cursor_->release();
-    position_ = Position::at_end;
+    stand(Position::lost); // for the case that the engine fails
+    const bool has_record = connection_->guarded([&] { return cursor_->step(); });
+    stand(has_record ? Position::on_record : Position::at_end);
 }
 
-platform::ValueView AdoRecordset::value(std::size_t column) const {
-    if (position_ != Position::on_record) {
-        raise(data_error_number::no_current_record, recordset_layer);
+void AdoRecordset::stand(Position position) noexcept {
+    position_ = position;
+    row_.cursor = position == Position::on_record ? cursor_.get() : nullptr;
+    if (position == Position::at_end) {
+        cursor_->release();
     }
-    return cursor_->value(column);
 }
 
 } // namespace krv::standard

@@ -11,7 +11,7 @@ namespace krv::standard {
 class AdoConnection;
 
 /// The records of a provider's cursor.
-class AdoRecordset final : public platform::Recordset, private CurrentRow {
+class AdoRecordset final : public platform::Recordset {
 public:
     AdoRecordset() = default;
     AdoRecordset(const AdoRecordset&) = delete;
@@ -49,8 +49,8 @@ private:
         lost ///< the engine failed: not the end, but nothing more can be read
     };
 
-    platform::ValueView value(std::size_t column) const override;
     void step();
+    void stand(Position position) noexcept;
     void let_go() noexcept;
 
     std::string source_;
@@ -60,6 +60,7 @@ private:
     // The connection outlives the cursor: members go in the opposite order.
     std::shared_ptr<AdoConnection> connection_;
     std::unique_ptr<ProviderCursor> cursor_;
+    CurrentRow row_;
     AdoFields fields_;
 };
 

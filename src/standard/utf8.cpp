@@ -2,36 +2,9 @@
 
 #include "standard/letter_case.h"
 
-#include <cstdint>
-#include <cstring>
-
 namespace krv::standard {
 
 namespace {
-
-constexpr std::uint64_t high_bits = 0x8080808080808080U;
-
-std::uint64_t load_eight(const char* at) noexcept {
-    std::uint64_t word = 0;
-    std::memcpy(&word, at, sizeof word);
-    return word;
-}
-
-/// Number of leading bytes that are ASCII, rounded down to what the fast steps see.
-std::size_t ascii_prefix(std::string_view text) noexcept {
-    std::size_t at = 0;
-    while (at + 8 <= text.size() && (load_eight(text.data() + at) & high_bits) == 0) {
-        at += 8;
-    }
-    if (at > 0 && at + 8 > text.size() &&
-        (load_eight(text.data() + text.size() - 8) & high_bits) == 0) {
-        return text.size();
-    }
-    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80) {
-        ++at;
-    }
-    return at;
-}
 
 /// Bytes that a sequence with this first byte should have; 1 for a byte that begins none.
 std::size_t promised_size(unsigned char first) noexcept {
@@ -74,8 +47,11 @@ DecodedCharacter decode_utf8(std::string_view text, std::size_t at) noexcept {
 }
 
 bool is_valid_utf8(std::string_view text) noexcept {
-    std::size_t at = ascii_prefix(text);
-    while (at < text.size()) {
+    for (std::size_t at = 0; at < text.size();) {
+        if (at + 8 <= text.size() && is_ascii(text.substr(at, 8))) {
+            at += 8;
+            continue;
+        }
         const DecodedCharacter character = decode_utf8(text, at);
         if (!character.valid) {
             return false;

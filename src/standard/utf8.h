@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,6 +26,28 @@ DecodedCharacter decode_utf8(std::string_view text, std::size_t at) noexcept;
 /// True for well-formed UTF-8: no overlong form, no surrogate, nothing above U+10FFFF. A NUL is an
 /// ordinary character.
 bool is_valid_utf8(std::string_view text) noexcept;
+
+/// True when every byte is below 0x80.
+inline bool is_ascii(std::string_view text) noexcept {
+    constexpr std::uint64_t high_bits = 0x8080808080808080U;
+    const auto eight_at = [&](std::size_t at) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + at, sizeof word);
+        return word;
+    };
+    std::uint64_t seen = 0;
+    if (text.size() < 8) {
+        for (const char c : text) {
+            seen |= static_cast<unsigned char>(c);
+        }
+        return (seen & high_bits) == 0;
+    }
+    for (std::size_t at = 0; at + 8 < text.size(); at += 8) {
+        seen |= eight_at(at);
+    }
+    // The last eight, some of which have been seen already.
+    return ((seen | eight_at(text.size() - 8)) & high_bits) == 0;
+}
 
 /// The text with one U+FFFD for each broken sequence.
 /// \param storage  takes the repaired text; untouched when the text is valid

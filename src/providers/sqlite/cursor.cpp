@@ -2,6 +2,7 @@
 
 #include "providers/sqlite/column_value.h"
 #include "providers/sqlite/declared_type.h"
+#include "standard/field_types.h"
 #include "standard/utf8.h"
 
 #include <utility>
@@ -13,6 +14,22 @@ namespace {
 std::string valid_utf8(const char* text) {
     std::string storage;
     return std::string(standard::repaired_utf8(text == nullptr ? "" : text, storage));
+}
+
+/// Columns whose texts or numbers mean something else than a text or a number.
+bool is_converted(std::int16_t type) {
+    namespace field_type = standard::field_type;
+    switch (type) {
+    case field_type::currency:
+    case field_type::numeric:
+    case field_type::db_date:
+    case field_type::db_time:
+    case field_type::db_time_stamp:
+    case field_type::guid:
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace
@@ -56,21 +73,32 @@ void Cursor::settle_types_by_the_first_row(bool has_row) {
             columns_[i].defined_size = type.size;
         }
         cells_[i].type = columns_[i].type;
+        cells_[i].is_costly = database_->is_utf16() || is_converted(columns_[i].type);
     }
 }
 
+platform::ValueView Cursor::kept_value(std::size_t column, Cell& cell) {
+    if (cell.row != row_) {
+        cell.value = read(static_cast<int>(column), cell);
+        cell.row = row_;
+    }
+    return cell.value;
+}
+
 platform::ValueView Cursor::read(int column, Cell& cell) {
-    sqlite3_stmt* const row = statement_.handle();
-    switch (sqlite3_column_type(row, column)) {
+    // An unprotected value may be read like a protected one where SQLite takes no mutex, as on this
+    // connection; that saves a look for the column with each call.
+    sqlite3_value* const value = sqlite3_column_value(statement_.handle(), column);
+    switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
-        return whole_value(sqlite3_column_int64(row, column), cell.type);
+        return whole_value(sqlite3_value_int64(value), cell.type);
     case SQLITE_FLOAT:
-        return real_value(sqlite3_column_double(row, column), cell.type);
+        return real_value(sqlite3_value_double(value), cell.type);
     case SQLITE_TEXT:
-        return text_value(read_text(column, cell.storage), cell.type, cell.storage);
+        return text_value(read_text(value, cell.storage), cell.type, cell.storage);
     case SQLITE_BLOB: {
-        const auto* data = static_cast<const std::byte*>(sqlite3_column_blob(row, column));
-        const auto size = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
+        const auto* data = static_cast<const std::byte*>(sqlite3_value_blob(value));
+        const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
         return blob_value({data, size}, cell.type, cell.storage);
     }
     default:
@@ -78,22 +106,17 @@ platform::ValueView Cursor::read(int column, Cell& cell) {
     }
 }
 
-std::string_view Cursor::read_text(int column, std::string& storage) {
+std::string_view Cursor::read_text(sqlite3_value* value, std::string& storage) const {
     if (database_->is_utf16()) {
         // SQLite's own conversion joins a lone surrogate with whatever follows it (3.40).
-        const auto* data =
-            static_cast<const char16_t*>(sqlite3_column_text16(statement_.handle(), column));
-        const int bytes = sqlite3_column_bytes16(statement_.handle(), column);
-        if (data != nullptr) {
-            return standard::utf8_from_utf16({data, static_cast<std::size_t>(bytes) / 2}, storage);
-        }
-        database_->raise(SQLITE_NOMEM, Phase::running);
+        const auto* data = static_cast<const char16_t*>(sqlite3_value_text16(value));
+        const auto size = static_cast<std::size_t>(sqlite3_value_bytes16(value)) / 2;
+        return standard::utf8_from_utf16({require(data), size}, storage);
     }
-    const std::string_view text = statement_.text(column);
-    if (text.data() == nullptr) {
-        database_->raise(SQLITE_NOMEM, Phase::running);
-    }
-    return standard::repaired_utf8(text, storage);
+    const auto* data = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    const std::string_view text(require(data),
+                                static_cast<std::size_t>(sqlite3_value_bytes(value)));
+    return standard::is_ascii(text) ? text : standard::repaired_utf8(text, storage);
 }
 
 ReadAheadCursor::ReadAheadCursor(standard::ProviderCursor& rows) {

@@ -20,27 +20,35 @@ public:
 
     platform::ValueView value(std::size_t column) override {
         Cell& cell = cells_[column];
-        if (cell.row != row_) {
-            cell.value = read(static_cast<int>(column), cell);
-            cell.row = row_;
-        }
-        return cell.value;
+        // A value that is there already is handed on without a copy in between.
+        return cell.is_costly ? kept_value(column, cell) : read(static_cast<int>(column), cell);
     }
 
     void release() noexcept override { statement_.finalize(); }
 
 private:
     struct Cell {
-        std::uint64_t row = 0; ///< the row that `value` belongs to, 0 for none
-        std::int16_t type = 0; ///< of the column
+        std::int16_t type = 0;  ///< of the column
+        bool is_costly = false; ///< its values are converted, and kept for the row
+        std::uint64_t row = 0;  ///< the row that `value` belongs to, 0 for none
         platform::ValueView value;
         std::string storage; ///< of a value that is not SQLite's own text
     };
 
     void describe_columns();
     void settle_types_by_the_first_row(bool has_row);
+    platform::ValueView kept_value(std::size_t column, Cell& cell);
     platform::ValueView read(int column, Cell& cell);
-    std::string_view read_text(int column, std::string& storage);
+    std::string_view read_text(sqlite3_value* value, std::string& storage) const;
+
+    /// SQLite hands out no text when its memory is used up.
+    template <class Character>
+    const Character* require(const Character* text) const {
+        if (text == nullptr) {
+            database_->raise(SQLITE_NOMEM, Phase::running);
+        }
+        return text;
+    }
 
     std::shared_ptr<const Database> database_; // outlives the statement
     Statement statement_;
