@@ -1,50 +1,14 @@
 #pragma once
 
+#include "support/temporary_folder.h"
+
 #include <sqlite3.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include <cstdint>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 
 namespace krv::testing {
-
-/// A folder of a test's own, removed at its end.
-class TemporaryFolder {
-public:
-    TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "krvlist-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder");
-        }
-        path_ = name;
-    }
-
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-
-    std::string file(std::string_view name) const { return (path_ / name).string(); }
-
-    std::string write(std::string_view name, std::string_view content) const {
-        std::ofstream(path_ / name, std::ios::binary) << content;
-        return file(name);
-    }
-
-private:
-    std::filesystem::path path_;
-};
-
-inline std::string read_file(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 /// A connection of somebody else to a database file, made when it is not there.
 class OtherProcess {

@@ -2,8 +2,11 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace krv::testing {
@@ -29,8 +32,20 @@ public:
 
     const std::filesystem::path& path() const noexcept { return path_; }
 
+    std::string file(std::string_view name) const { return (path_ / name).string(); }
+
+    std::string write(std::string_view name, std::string_view content) const {
+        std::ofstream(path_ / name, std::ios::binary) << content;
+        return file(name);
+    }
+
 private:
     std::filesystem::path path_;
 };
+
+inline std::string read_file(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
 
 } // namespace krv::testing
