@@ -114,10 +114,10 @@ std::optional<platform::Currency> currency_from_text(std::string_view text) {
 
 std::optional<platform::Decimal> decimal_from_double(double value) {
     constexpr double divisors[] = {1, 10, 100, 1000, 10000};
-    for (std::uint8_t scale = 0; scale < std::size(divisors); ++scale) {
+    for (std::size_t scale = 0; scale < std::size(divisors); ++scale) {
         if (const auto scaled = as_fraction(value, divisors[scale])) {
             platform::Decimal result = decimal_from_whole(*scaled);
-            result.scale = scale;
+            result.scale = static_cast<std::uint8_t>(scale);
             return result;
         }
     }

@@ -13,7 +13,8 @@ std::optional<TableName> find(ProviderConnection& connection, std::string_view t
         return found;
     }
     const auto parts = split_name(text);
-    return parts ? connection.find_table(*parts) : std::nullopt;
+    const bool is_new = parts && *parts != TableName{std::string(text)};
+    return is_new ? connection.find_table(*parts) : std::nullopt;
 }
 
 void require_usable(std::string_view text, SourceKind kind) {

@@ -22,6 +22,12 @@ constexpr bool fits(std::int64_t value) noexcept {
            value <= std::numeric_limits<Integer>::max();
 }
 
+/// Bits that a float keeps exactly.
+constexpr bool has_at_most(int bits, std::int64_t value) noexcept {
+    const std::int64_t most = std::int64_t{1} << bits;
+    return value >= -most && value <= most;
+}
+
 ValueView plain_whole(std::int64_t value) {
     return fits<std::int32_t>(value) ? ValueView::long_integer(static_cast<std::int32_t>(value))
                                      : ValueView::long_long(value);
@@ -131,15 +137,11 @@ ValueView whole_value(std::int64_t value, std::int16_t type) {
     case field_type::big_int:
         return ValueView::long_long(value);
     case field_type::single:
-    case field_type::double_float: {
-        // Whole numbers are exact in a Single up to 24 bits, in a Double up to 53.
-        const std::int64_t most = std::int64_t{1} << (type == field_type::single ? 24 : 53);
-        if (value < -most || value > most) {
-            return plain_whole(value);
-        }
-        return type == field_type::single ? ValueView::single(static_cast<float>(value))
-                                          : ValueView::double_float(static_cast<double>(value));
-    }
+        return has_at_most(24, value) ? ValueView::single(static_cast<float>(value))
+                                      : plain_whole(value);
+    case field_type::double_float:
+        return has_at_most(53, value) ? ValueView::double_float(static_cast<double>(value))
+                                      : plain_whole(value);
     case field_type::currency: {
         const auto currency = standard::currency_from_whole(value);
         return currency ? ValueView::currency(*currency) : plain_whole(value);
