@@ -63,22 +63,26 @@ void install_accessible_grid() {
     std::call_once(once, [] { QAccessible::installFactory(make_table); });
 }
 
-void notify_changes(GridView& view, const ModelChanges& changes) {
-    if (changes.kind == ModelChanges::Kind::none || !QAccessible::isActive()) {
-        return;
-    }
-    QAccessibleTableModelChangeEvent event(&view, type_of(changes.kind));
+std::unique_ptr<QAccessibleTableModelChangeEvent> change_event(GridView& view,
+                                                               const ModelChanges& changes) {
+    auto event = std::make_unique<QAccessibleTableModelChangeEvent>(&view, type_of(changes.kind));
     if (changes.kind != ModelChanges::Kind::reset) {
         // Screen readers count data rows; the caption row is a header to them.
-        event.setFirstRow(std::max(0, changes.first - 1));
-        event.setLastRow(std::max(0, std::min(changes.last, view.grid().Rows() - 1) - 1));
-        event.setFirstColumn(0);
-        event.setLastColumn(view.grid().Cols() - 1);
+        const std::int32_t last = changes.kind == ModelChanges::Kind::removal
+                                      ? changes.last
+                                      : std::min(changes.last, view.grid().Rows() - 1);
+        event->setFirstRow(std::max(0, changes.first - 1));
+        event->setLastRow(std::max(0, last - 1));
+        event->setFirstColumn(0);
+        event->setLastColumn(view.grid().Cols() - 1);
     }
-    if (changes.kind == ModelChanges::Kind::removal) {
-        event.setLastRow(std::max(0, changes.last - 1));
+    return event;
+}
+
+void notify_changes(GridView& view, const ModelChanges& changes) {
+    if (changes.kind != ModelChanges::Kind::none && QAccessible::isActive()) {
+        QAccessible::updateAccessibility(change_event(view, changes).get());
     }
-    QAccessible::updateAccessibility(&event);
 }
 
 void notify_selection(GridView& view) {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QAccessible>
+
 #include <cstdint>
+#include <memory>
 
 namespace krv::qt {
 
@@ -20,6 +23,10 @@ struct ModelChanges {
 
     void add_reset() { kind = Kind::reset; }
 };
+
+/// What screen readers are told about changes that are any.
+std::unique_ptr<QAccessibleTableModelChangeEvent> change_event(GridView& view,
+                                                               const ModelChanges& changes);
 
 /// Makes `GridView`s known to screen readers as tables.
 void install_accessible_grid();

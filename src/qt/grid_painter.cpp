@@ -108,7 +108,10 @@ void GridPainter::paint(QPainter& painter,
 
 void GridPainter::find_columns(const GridGeometry& geometry, const QRect& area) {
     columns_.clear();
-    const std::int32_t first = std::max(geometry.col_at(area.left()), 0);
+    std::int32_t first = std::max(geometry.col_at(area.left()), 0);
+    while (first > 0 && geometry.col_right(first - 1) > area.left()) {
+        --first;
+    }
     for (std::int32_t col = first; col < grid_.Cols(); ++col) {
         const int left = geometry.col_left(col);
         if (left > area.right()) {
@@ -135,9 +138,8 @@ void GridPainter::paint_captions(QPainter& painter,
 
 void GridPainter::paint_rows(QPainter& painter, const GridGeometry& geometry, const QRect& area) {
     const QRect body = area.adjusted(0, std::max(0, geometry.captions_bottom() - area.top()), 0, 0);
-    const std::int32_t first = geometry.row_at(body.top());
     int bottom = body.top();
-    for (std::int32_t row = std::max(first, 1); first >= 0 && row < grid_.Rows(); ++row) {
+    for (std::int32_t row = first_row_in(geometry, body); row < grid_.Rows(); ++row) {
         const int top = geometry.row_top(row);
         if (top > body.bottom()) {
             break;
@@ -155,6 +157,16 @@ void GridPainter::paint_rows(QPainter& painter, const GridGeometry& geometry, co
             body.left(), bottom, body.width(), body.bottom() + 1 - bottom, QColor(base_));
     }
     paint_shaped_texts(painter, body);
+}
+
+/// Edges are rounded where the grid finds rows exactly: a pixel may belong to the row before.
+std::int32_t GridPainter::first_row_in(const GridGeometry& geometry, const QRect& body) const {
+    const std::int32_t found = geometry.row_at(body.top());
+    std::int32_t row = found > 0 ? found : found == 0 ? 1 : grid_.Rows();
+    while (row > 1 && geometry.row_bottom(row - 1) > body.top()) {
+        --row;
+    }
+    return row;
 }
 
 bool GridPainter::row_is_selected(std::int32_t row) const {

@@ -80,6 +80,7 @@ private:
     void paint_shaped_texts(QPainter& painter, const QRect& clip);
     void paint_shaped(QPainter& painter, const Shaped& shaped);
     void mark_current(QPainter& painter, const GridGeometry& geometry) const;
+    std::int32_t first_row_in(const GridGeometry& geometry, const QRect& body) const;
     bool row_is_selected(std::int32_t row) const;
 
     const standard::FlexGrid& grid_;

@@ -155,7 +155,13 @@ void GridView::scrolled() {
         return resolution_.px(static_cast<double>(before)) -
                resolution_.px(static_cast<double>(now));
     };
-    scroll_by_px(shift(before_x, seen_scroll_x_), shift(before_y, seen_scroll_y_));
+    if (pending_->layout || pending_->first_moved_row != last_possible_row) {
+        // Rows that came or went above the view changed the offset as well, without a call.
+        pending_->mixed = true;
+        viewport()->update();
+    } else {
+        scroll_by_px(shift(before_x, seen_scroll_x_), shift(before_y, seen_scroll_y_));
+    }
     update_scroll_bars();
     if (before_x != seen_scroll_x_) {
         emit columnsScrolled(before_x - seen_scroll_x_);
@@ -190,6 +196,8 @@ void GridView::flush() {
     } else {
         update_changed_rows();
     }
+    seen_scroll_x_ = grid_.scroll_x();
+    seen_scroll_y_ = grid_.scroll_y();
     flush_accessible();
     pending.layout = false;
     pending.rows_are_drawn();

@@ -67,6 +67,7 @@ void GridView::press(const MousePlace& place, bool twice) {
             return;
         }
         pressed_ = true;
+        pressed_button_ = place.button;
         click_follows_ = !twice;
         grid_.mouse_press(place.x_twips(), place.y_twips());
         if (alive) {
@@ -97,7 +98,7 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
-    if (pressed_ && event->buttons() == Qt::NoButton) {
+    if (pressed_ && button_code(event->button()) == pressed_button_) {
         release(MousePlace::of(*event, resolution_));
     }
 }

@@ -160,6 +160,7 @@ private:
     std::int64_t seen_scroll_y_ = 0;
     bool in_scroll_bars_ = false;
     bool pressed_ = false;
+    std::int16_t pressed_button_ = 0;
     bool click_follows_ = false;
     double wheel_rest_ = 0;
 };
