@@ -24,7 +24,7 @@ inline char* append_to(char* out, std::string_view piece) {
 /// end. The text is not touched before that, so `write` may read from it.
 template <class Write>
 void write_bounded(std::size_t longest, std::string& text, Write&& write) {
-    constexpr std::size_t usual = 256;
+    constexpr std::size_t usual = 1024;
     if (longest <= usual) {
         char buffer[usual];
         const char* end = write(static_cast<char*>(buffer));

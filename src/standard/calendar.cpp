@@ -1,20 +1,13 @@
 #include "standard/calendar.h"
 
-#include "standard/run_time_errors.h"
-
-#include <chrono>
-#include <cmath>
 #include <ctime>
 
 namespace krv::standard {
 
 namespace {
 
-using std::chrono::days;
 using std::chrono::sys_days;
 using std::chrono::year_month_day;
-
-constexpr int serial_of_unix_epoch = 25569;
 
 int to_serial(year_month_day date) {
     return static_cast<int>(sys_days(date).time_since_epoch().count()) + serial_of_unix_epoch;
@@ -26,32 +19,18 @@ year_month_day make_date(int year, int month, int day) {
 
 } // namespace
 
-bool is_date_serial(double serial) {
-    return serial > first_serial_day - 1.0 && serial < last_serial_day + 1.0;
-}
-
-CalendarTime calendar_time(double serial) {
-    if (!is_date_serial(serial)) {
-        fail_overflow();
+void round_to_second(double fraction, CalendarTime& time) {
+    time.second_of_day = static_cast<int>(fraction * seconds_per_day + 0.5);
+    if (time.second_of_day < seconds_per_day) {
+        return;
     }
-    CalendarTime time;
-    time.serial_day = static_cast<int>(serial);
-    const double fraction = std::abs(serial - time.serial_day);
-    if (fraction != 0) {
-        time.second_of_day = static_cast<int>(fraction * seconds_per_day + 0.5);
-        if (time.second_of_day == seconds_per_day && time.serial_day == last_serial_day) {
-            // The last half second has no next day to round to.
-            --time.second_of_day;
-        } else if (time.second_of_day == seconds_per_day) {
-            ++time.serial_day;
-            time.second_of_day = 0;
-        }
+    if (time.serial_day == last_serial_day) {
+        // The last half second has no next day to round to.
+        time.second_of_day = seconds_per_day - 1;
+        return;
     }
-    const year_month_day date{sys_days(days(time.serial_day - serial_of_unix_epoch))};
-    time.year = static_cast<int>(date.year());
-    time.month = static_cast<int>(static_cast<unsigned>(date.month()));
-    time.day = static_cast<int>(static_cast<unsigned>(date.day()));
-    return time;
+    ++time.serial_day;
+    time.second_of_day = 0;
 }
 
 std::optional<int> serial_day(int year, int month, int day) {

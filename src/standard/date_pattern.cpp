@@ -101,11 +101,29 @@ std::size_t longest_of(const std::array<std::string, N>& names) {
 
 DatePattern::DatePattern(std::string_view pattern, const RegionalSettings& region, Level level) {
     DatePatternCompiler(*this, region, level).compile(pattern);
+    layout_ = make_layout();
 }
 
 void DatePattern::write(double serial, const RegionalDates& dates, std::string& text) const {
     const CalendarTime time = calendar_time(serial);
+    if (layout_) {
+        text.resize(layout_->length());
+        return layout_->write(time, text.data());
+    }
     write_bounded(longest(dates), text, [&](char* out) { return write(time, dates, out); });
+}
+
+std::optional<DateLayout> DatePattern::make_layout() const {
+    DateLayout layout;
+    for (const Part& part : parts_) {
+        const bool fits = part.field == DateField::literal
+                              ? layout.add_text(literal(part.begin, part.end))
+                              : layout.add_field(part.field);
+        if (!fits) {
+            return std::nullopt;
+        }
+    }
+    return layout;
 }
 
 std::size_t DatePattern::longest(const RegionalDates& dates) const {

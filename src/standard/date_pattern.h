@@ -2,10 +2,12 @@
 
 #include "krv/standard/regional_settings.h"
 #include "standard/calendar.h"
+#include "standard/date_layout.h"
 #include "standard/date_tokens.h"
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -59,6 +61,8 @@ private:
 
     friend class DatePatternCompiler;
 
+    std::optional<DateLayout> make_layout() const;
+
     char* write_part(const Part& part,
                      const CalendarTime& time,
                      const RegionalDates& dates,
@@ -73,6 +77,7 @@ private:
     std::size_t names_ = 0; // parts that print one
     std::size_t forms_ = 0; // parts that print a regional form
     std::optional<DigitOrder> digit_order_;
+    std::optional<DateLayout> layout_;
 };
 
 /// What date patterns print of a region.

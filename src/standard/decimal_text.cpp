@@ -1,6 +1,7 @@
 #include "standard/decimal_text.h"
 
 #include "standard/digit_pairs.h"
+#include "standard/powers_of_ten.h"
 
 #include <array>
 #include <bit>
@@ -14,21 +15,11 @@ namespace krv::standard {
 
 namespace {
 
-/// The powers of ten that a Double holds exactly.
-constexpr double powers_of_ten[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr int greatest_power = 22;
-
 /// A whole number of so many digits times ten to the power of an exponent.
 struct Scaled {
     std::uint64_t whole;
     int exponent; // of the first digit
 };
-
-double scaled_by_ten(double value, int power) {
-    return power >= 0 ? value * powers_of_ten[power] : value / powers_of_ten[-power];
-}
 
 /// Floor of the decimal logarithm, by the binary exponent: exact or one too small.
 int estimated_exponent(double magnitude) {
@@ -40,14 +31,14 @@ int estimated_exponent(double magnitude) {
 /// scaled number lies all but on a half. Then, and for numbers far from 1, it is refused.
 bool scale_fast(double magnitude, int digits, Scaled& scaled) {
     scaled.exponent = estimated_exponent(magnitude);
-    if (std::abs(digits - 1 - scaled.exponent) >= greatest_power) {
+    if (std::abs(digits - 1 - scaled.exponent) > greatest_exact_power - 1) {
         return false;
     }
     const double limit = powers_of_ten[digits];
-    double product = scaled_by_ten(magnitude, digits - 1 - scaled.exponent);
+    double product = times_power_of_ten(magnitude, digits - 1 - scaled.exponent);
     if (product >= limit) {
         ++scaled.exponent;
-        product = scaled_by_ten(magnitude, digits - 1 - scaled.exponent);
+        product = times_power_of_ten(magnitude, digits - 1 - scaled.exponent);
     }
     scaled.whole = static_cast<std::uint64_t>(product);
     const double over_half = product - static_cast<double>(scaled.whole) - 0.5;
@@ -59,31 +50,28 @@ bool scale_fast(double magnitude, int digits, Scaled& scaled) {
     return true;
 }
 
-/// Exactly eight digits.
-void write_eight(std::uint32_t value, char* out) {
-    const std::uint32_t high = value / 10000;
-    const std::uint32_t low = value % 10000;
-    write_pair(high / 100, out);
-    write_pair(high % 100, out + 2);
-    write_pair(low / 100, out + 4);
-    write_pair(low % 100, out + 6);
+char* write_four(std::uint32_t value, char* out) {
+    return write_pair(value % 100, write_pair(value / 100, out));
 }
 
-/// The digits of a whole number below ten to the power of 16; the first is not 0 where the number
-/// has as many. Leaves out zeros at the end.
+char* write_seven(std::uint32_t value, char* out) {
+    *out = static_cast<char>('0' + value / 1'000'000);
+    value %= 1'000'000;
+    return write_four(value % 10'000, write_pair(value / 10'000, out + 1));
+}
+
+/// The 7 or 15 digits of a whole number, without zeros at the end.
 void write_scaled(std::uint64_t whole, int digits, DecimalText& number) {
     constexpr std::uint32_t eight_digits = 100'000'000;
-    char text[16];
-    const auto low = static_cast<std::uint32_t>(whole % eight_digits);
-    write_eight(static_cast<std::uint32_t>(whole / eight_digits), text);
-    int end = 8;
-    if (low != 0 || digits <= 8) {
-        write_eight(low, text + 8);
-        end = 16;
+    char* out = number.digits;
+    if (digits == single_digits) {
+        out = write_seven(static_cast<std::uint32_t>(whole), out);
+    } else {
+        out = write_seven(static_cast<std::uint32_t>(whole / eight_digits), out);
+        const auto low = static_cast<std::uint32_t>(whole % eight_digits);
+        out = low == 0 ? out : write_four(low % 10'000, write_four(low / 10'000, out));
     }
-    const int begin = 16 - digits;
-    std::memcpy(number.digits, text + begin, static_cast<std::size_t>(end - begin));
-    number.count = end - begin;
+    number.count = static_cast<int>(out - number.digits);
     trim_zeros(number);
 }
 

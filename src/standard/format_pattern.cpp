@@ -41,10 +41,11 @@ PatternKind kind_of(std::string_view pattern) {
     return PatternKind::numeric;
 }
 
-constexpr std::pair<std::string_view, std::string_view> named_numeric_patterns[] = {
-    {"Fixed", "0.00"}, {"Standard", "#,##0.00"}, {"Percent", "0.00%"}, {"Scientific", "0.00E+00"}};
-
-constexpr std::pair<std::string_view, std::string_view> named_date_patterns[] = {
+constexpr std::pair<std::string_view, std::string_view> pattern_names[] = {
+    {"Fixed", "0.00"},
+    {"Standard", "#,##0.00"},
+    {"Percent", "0.00%"},
+    {"Scientific", "0.00E+00"},
     {"General Date", "c"},
     {"Long Date", "dddddd"},
     {"Medium Date", "dd-mmm-yy"},
@@ -54,59 +55,55 @@ constexpr std::pair<std::string_view, std::string_view> named_date_patterns[] = 
     {"Short Time", "hh:nn"}};
 
 // English in every region, as the text of a Boolean is.
-constexpr std::pair<std::string_view, WordPair> named_word_pairs[] = {
+constexpr std::pair<std::string_view, WordPair> word_pair_names[] = {
     {"Yes/No", {"Yes", "No"}}, {"True/False", {"True", "False"}}, {"On/Off", {"On", "Off"}}};
 
-template <class Table>
-auto find_named(const Table& table, std::string_view name) {
-    std::optional<decltype(table[0].second)> found;
-    for (const auto& [known, meaning] : table) {
+template <class Meaning, std::size_t N>
+const Meaning* find_named(const std::pair<std::string_view, Meaning> (&names)[N],
+                          std::string_view name) {
+    for (const auto& [known, meaning] : names) {
         if (equal_in_any_case(known, name)) {
-            found.emplace(meaning);
+            return &meaning;
         }
     }
-    return found;
+    return nullptr;
 }
 
-DatePattern date_pattern(std::string_view pattern, const RegionalSettings& region) {
-    return DatePattern(pattern, region, DatePattern::Level::whole);
+using Form = FormatPattern::Form;
+
+Form numeric_form(std::string_view pattern, const RegionalSettings& region) {
+    return Form(std::in_place_type<NumericPattern>, pattern, region);
 }
 
-std::optional<FormatPattern> named_pattern(std::string_view name, const RegionalSettings& region) {
-    if (const auto numeric = find_named(named_numeric_patterns, name)) {
-        return FormatPattern{NumericPattern(*numeric, region), true};
+Form compile_form(std::string_view pattern, const RegionalSettings& region) {
+    switch (kind_of(pattern)) {
+    case PatternKind::date:
+        return Form(std::in_place_type<DatePattern>, pattern, region, DatePattern::Level::whole);
+    case PatternKind::text:
+        return Form(std::in_place_type<StringPattern>, pattern);
+    case PatternKind::numeric:
+        break;
     }
-    if (const auto date = find_named(named_date_patterns, name)) {
-        return FormatPattern{date_pattern(*date, region), true};
-    }
-    if (const auto words = find_named(named_word_pairs, name)) {
-        return FormatPattern{WordPair(*words), true};
-    }
-    if (equal_in_any_case(name, "Currency")) {
-        return FormatPattern{NumericPattern(region.currency_format, region), true};
-    }
-    if (equal_in_any_case(name, "General Number")) {
-        return FormatPattern{GeneralNumber(), true};
-    }
-    return std::nullopt;
+    return numeric_form(pattern, region);
 }
 
 } // namespace
 
 FormatPattern compile_pattern(std::string_view pattern, const RegionalSettings& region) {
     pattern = first_characters(pattern, longest_pattern);
-    if (auto named = named_pattern(pattern, region)) {
-        return *std::move(named);
+    if (const auto* meaning = find_named(pattern_names, pattern)) {
+        return {compile_form(*meaning, region), true};
     }
-    switch (kind_of(pattern)) {
-    case PatternKind::date:
-        return {date_pattern(pattern, region)};
-    case PatternKind::text:
-        return {StringPattern(pattern)};
-    case PatternKind::numeric:
-        break;
+    if (const auto* words = find_named(word_pair_names, pattern)) {
+        return {Form(*words), true};
     }
-    return {NumericPattern(pattern, region)};
+    if (equal_in_any_case(pattern, "Currency")) {
+        return {numeric_form(region.currency_format, region), true};
+    }
+    if (equal_in_any_case(pattern, "General Number")) {
+        return {Form(GeneralNumber()), true};
+    }
+    return {compile_form(pattern, region), false};
 }
 
 } // namespace krv::standard

@@ -20,9 +20,10 @@ struct GeneralNumber {};
 
 /// A pattern, compiled for one region.
 struct FormatPattern {
-    std::variant<NumericPattern, DatePattern, StringPattern, WordPair, GeneralNumber> form;
-    /// A named format prints nothing for Null and Empty.
-    bool named = false;
+    using Form = std::variant<NumericPattern, DatePattern, StringPattern, WordPair, GeneralNumber>;
+
+    Form form;
+    bool named; ///< a named format prints nothing for Null and Empty
 };
 
 /// \param pattern  not empty; characters beyond the 257th are ignored

@@ -68,7 +68,7 @@ Currency currency_of_double(double value) {
     return Currency{static_cast<std::int64_t>(rounded)};
 }
 
-void refuse_other_kinds(ValueView value) {
+void refuse_other_kinds(const ValueView& value) {
     if (value.is_null()) {
         fail_invalid_use_of_null();
     }
@@ -93,7 +93,7 @@ double rounded_decimal(DecimalText number) {
     return to_double(number);
 }
 
-double rounded_number(ValueView value) {
+double rounded_number(const ValueView& value) {
     switch (value.kind()) {
     case ValueKind::empty:
         return 0;
@@ -119,7 +119,7 @@ double rounded_text(std::string_view text, const RegionalSettings& region, doubl
 
 } // namespace
 
-bool is_finite(ValueView value) {
+bool is_finite(const ValueView& value) {
     switch (value.kind()) {
     case ValueKind::single:
         return std::isfinite(value.as_single());
@@ -132,7 +132,7 @@ bool is_finite(ValueView value) {
     }
 }
 
-DecimalText decimal_of(ValueView value) {
+DecimalText decimal_of(const ValueView& value) {
     switch (value.kind()) {
     case ValueKind::single:
         return decimal_text(value.as_single(), single_digits);
@@ -149,7 +149,7 @@ DecimalText decimal_of(ValueView value) {
     }
 }
 
-double double_of(ValueView value) {
+double double_of(const ValueView& value) {
     switch (value.kind()) {
     case ValueKind::single:
         return value.as_single();
@@ -166,7 +166,7 @@ double double_of(ValueView value) {
     }
 }
 
-double converted_to_double(ValueView value, const RegionalSettings& region) {
+double converted_to_double(const ValueView& value, const RegionalSettings& region) {
     refuse_other_kinds(value);
     if (value.kind() == ValueKind::empty) {
         return 0;
@@ -175,7 +175,7 @@ double converted_to_double(ValueView value, const RegionalSettings& region) {
                                            : double_of(value);
 }
 
-Currency converted_to_currency(ValueView value, const RegionalSettings& region) {
+Currency converted_to_currency(const ValueView& value, const RegionalSettings& region) {
     refuse_other_kinds(value);
     switch (value.kind()) {
     case ValueKind::empty:
@@ -194,7 +194,7 @@ Currency converted_to_currency(ValueView value, const RegionalSettings& region) 
     }
 }
 
-std::int32_t converted_to_integer(ValueView value,
+std::int32_t converted_to_integer(const ValueView& value,
                                   const RegionalSettings& region,
                                   std::int32_t least,
                                   std::int32_t greatest) {

@@ -14,20 +14,21 @@ namespace krv::standard {
 // number); they do not fail.
 
 /// False for an infinite or undefined Single, Double or date.
-bool is_finite(platform::ValueView value);
+bool is_finite(const platform::ValueView& value);
 
 /// The digits that the value's text shows. The value must be finite.
-DecimalText decimal_of(platform::ValueView value);
+DecimalText decimal_of(const platform::ValueView& value);
 
-double double_of(platform::ValueView value);
+double double_of(const platform::ValueView& value);
 
 // The same for every value, by the rules of conversions. \throws RuntimeError 6, 13, 94
 
-double converted_to_double(platform::ValueView value, const RegionalSettings& region);
-platform::Currency converted_to_currency(platform::ValueView value, const RegionalSettings& region);
+double converted_to_double(const platform::ValueView& value, const RegionalSettings& region);
+platform::Currency converted_to_currency(const platform::ValueView& value,
+                                         const RegionalSettings& region);
 
 /// Rounded half to even. \throws RuntimeError 6 outside `least` to `greatest`
-std::int32_t converted_to_integer(platform::ValueView value,
+std::int32_t converted_to_integer(const platform::ValueView& value,
                                   const RegionalSettings& region,
                                   std::int32_t least,
                                   std::int32_t greatest);

@@ -12,11 +12,43 @@ namespace krv::standard {
 NumericSection::NumericSection(std::string_view section, const RegionalSettings& region)
     : is_empty_(section.empty()) {
     NumericSectionCompiler(*this, region).compile(section);
+    fixed_form_ = make_fixed_form();
 }
 
-DecimalText NumericSection::shown(DecimalText number) const {
+std::string_view NumericSection::literal(const Part& part) const {
+    return {literals_.data() + part.first, literals_.data() + part.last};
+}
+
+std::optional<FixedNumberForm> NumericSection::make_fixed_form() const {
+    FixedNumberForm form;
+    std::size_t index = 0;
+    const auto take = [&](PartKind kind) {
+        const bool found = index < parts_.size() && parts_[index].kind == kind;
+        index += found ? 1U : 0U;
+        return found;
+    };
+    const auto take_literal = [&] {
+        return take(PartKind::literal) ? std::string(literal(parts_[index - 1])) : std::string();
+    };
+    form.prefix = take_literal();
+    if (!take(PartKind::integer_places)) {
+        return std::nullopt;
+    }
+    (decimal_places_ > 0 ? form.point : form.suffix) = take_literal();
+    if (decimal_places_ > 0 && take(PartKind::decimal_places)) {
+        form.suffix = take_literal();
+    }
+    form.thousands_separator = thousands_separator_;
+    form.decimals = decimal_places_;
+    form.least_decimals = least_decimals_;
+    form.least_integers = least_integers_;
+    form.power = decimal_places_ + shift_;
+    return index == parts_.size() && form.fits() ? std::optional(form) : std::nullopt;
+}
+
+void NumericSection::adapt(DecimalText& number) const {
     if (number.is_zero() || !shows_digits_) {
-        return number;
+        return;
     }
     number.point += shift_;
     if (exponent_letter_ == '\0') {
@@ -24,32 +56,31 @@ DecimalText NumericSection::shown(DecimalText number) const {
     } else if (integer_places_ + decimal_places_ > 0) {
         round_half_away(number, integer_places_ + decimal_places_ - number.point);
     }
-    return number;
 }
 
-std::size_t NumericSection::longest(const DecimalText& shown) const {
+std::size_t NumericSection::longest(const DecimalText& adapted) const {
     constexpr std::size_t longest_exponent = 16;
-    const auto integers = static_cast<std::size_t>(std::max(shown.point, integer_places_));
+    const auto integers = static_cast<std::size_t>(std::max(adapted.point, integer_places_));
     return literals_.size() + integers * (1 + thousands_separator_.size()) +
            static_cast<std::size_t>(decimal_places_ + least_exponent_digits_) + longest_exponent;
 }
 
-char* NumericSection::write(DecimalText shown, char* out) const {
+char* NumericSection::write(DecimalText& adapted, char* out) const {
     int exponent = 0;
-    if (exponent_letter_ != '\0' && !shown.is_zero()) {
-        exponent = shown.point - integer_places_;
-        shown.point = integer_places_;
+    if (exponent_letter_ != '\0' && !adapted.is_zero()) {
+        exponent = adapted.point - integer_places_;
+        adapted.point = integer_places_;
     }
     for (const Part& part : parts_) {
         switch (part.kind) {
         case PartKind::literal:
-            out = append_to(out, {literals_.data() + part.first, literals_.data() + part.last});
+            out = append_to(out, literal(part));
             break;
         case PartKind::integer_places:
-            out = write_integer_places(part, shown, out);
+            out = write_integer_places(part, adapted, out);
             break;
         case PartKind::decimal_places:
-            out = write_decimal_places(part, shown, out);
+            out = write_decimal_places(part, adapted, out);
             break;
         case PartKind::exponent:
             out = write_exponent(exponent, out);

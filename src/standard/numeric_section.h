@@ -2,9 +2,11 @@
 
 #include "krv/standard/regional_settings.h"
 #include "standard/decimal_text.h"
+#include "standard/fixed_number.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,14 +24,17 @@ public:
     /// False for text alone, which rounds nothing.
     bool shows_digits() const { return shows_digits_; }
 
-    /// The number as the section shows it: multiplied, divided and rounded.
-    DecimalText shown(DecimalText number) const;
+    /// Makes the number what the section shows: multiplied, divided and rounded.
+    void adapt(DecimalText& number) const;
+
+    /// The same section for numbers of few digits; null when its places are no plain row.
+    const FixedNumberForm* fixed_form() const { return fixed_form_ ? &*fixed_form_ : nullptr; }
 
     /// Bytes that `write` needs at most.
-    std::size_t longest(const DecimalText& shown) const;
+    std::size_t longest(const DecimalText& adapted) const;
 
-    /// Writes what `shown` gave; returns the end.
-    char* write(DecimalText shown, char* out) const;
+    /// Writes what `adapt` gave and spoils it; returns the end.
+    char* write(DecimalText& adapted, char* out) const;
 
 private:
     friend class NumericSectionCompiler;
@@ -47,6 +52,8 @@ private:
     char* write_integer_places(const Part& part, const DecimalText& number, char* out) const;
     char* write_decimal_places(const Part& part, const DecimalText& number, char* out) const;
     char* write_exponent(int exponent, char* out) const;
+    std::string_view literal(const Part& part) const;
+    std::optional<FixedNumberForm> make_fixed_form() const;
 
     std::vector<Part> parts_;
     std::string literals_;
@@ -61,6 +68,7 @@ private:
     bool exponent_plus_ = false;
     bool shows_digits_ = false;
     bool is_empty_ = true;
+    std::optional<FixedNumberForm> fixed_form_;
 };
 
 } // namespace krv::standard

@@ -16,7 +16,7 @@ const FormatPattern& PatternCache::find_beyond_recent(std::string_view pattern) 
         pattern = first_characters(pattern, longest_pattern);
     }
     const Entry& entry = compiled(pattern);
-    recent_[next_recent_] = &entry;
+    recent_[next_recent_] = {entry.first, entry.second.get()};
     next_recent_ = (next_recent_ + 1) % recent_.size();
     return *entry.second;
 }
@@ -25,7 +25,8 @@ const PatternCache::Entry& PatternCache::compiled(std::string_view pattern) {
     if (const auto found = patterns_.find(pattern); found != patterns_.end()) {
         return *found;
     }
-    auto compiled = std::make_unique<FormatPattern>(compile_pattern(pattern, region_));
+    // Not by make_unique, which would move the pattern.
+    std::unique_ptr<FormatPattern> compiled(new FormatPattern(compile_pattern(pattern, region_)));
     if (patterns_.size() == greatest_count) {
         recent_ = {};
         patterns_.clear();

@@ -21,9 +21,9 @@ public:
 
     /// The pattern, compiled; valid until the next call.
     const FormatPattern& find(std::string_view pattern) {
-        for (const Entry* entry : recent_) {
-            if (entry != nullptr && entry->first == pattern) {
-                return *entry->second;
+        for (const Recent& recent : recent_) {
+            if (recent.text == pattern && recent.pattern != nullptr) {
+                return *recent.pattern;
             }
         }
         return find_beyond_recent(pattern);
@@ -38,12 +38,17 @@ private:
         std::unordered_map<std::string, std::unique_ptr<FormatPattern>, Hash, std::equal_to<>>;
     using Entry = Patterns::value_type;
 
+    struct Recent {
+        std::string_view text;
+        const FormatPattern* pattern = nullptr;
+    };
+
     const FormatPattern& find_beyond_recent(std::string_view pattern);
     const Entry& compiled(std::string_view pattern);
 
     const RegionalSettings& region_;
     Patterns patterns_;
-    std::array<const Entry*, 4> recent_{};
+    std::array<Recent, 4> recent_;
     std::size_t next_recent_ = 0;
 };
 

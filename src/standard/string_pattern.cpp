@@ -6,6 +6,14 @@
 
 namespace krv::standard {
 
+namespace {
+
+constexpr char upper_ascii(char letter) {
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - ('a' - 'A')) : letter;
+}
+
+} // namespace
+
 StringPattern::StringPattern(std::string_view pattern) {
     for (const std::string_view section : pattern_sections(pattern)) {
         sections_.emplace_back(section);
@@ -69,10 +77,17 @@ char* StringPattern::Section::write_character(std::string_view character, char* 
     if (lower_ == upper_) {
         return append_to(out, character);
     }
+    if (character.size() == 1 && static_cast<signed char>(character[0]) >= 0) {
+        *out = lower_ ? lower_ascii(character[0]) : upper_ascii(character[0]);
+        return out + 1;
+    }
     return append_to(out, lower_ ? lower_case(character) : upper_case(character));
 }
 
 char* StringPattern::Section::write_rest(std::string_view rest, char* out) const {
+    if (lower_ == upper_) {
+        return append_to(out, rest);
+    }
     while (!rest.empty()) {
         const std::size_t length = character_length(rest, 0);
         out = write_character(rest.substr(0, length), out);

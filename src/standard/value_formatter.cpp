@@ -50,11 +50,7 @@ void ValueFormatter::Format(ValueView value, std::string_view pattern, std::stri
     if (pattern.empty()) {
         return parts_->format_plainly(value, text);
     }
-    const FormatPattern& compiled = parts_->patterns.find(pattern);
-    if (compiled.named && is_missing(value)) {
-        return text.clear();
-    }
-    std::visit([&](const auto& form) { parts_->format(value, form, text); }, compiled.form);
+    parts_->format(value, parts_->patterns.find(pattern), text);
 }
 
 void ValueFormatter::CStr(ValueView value, std::string& text) const {

@@ -1,8 +1,11 @@
+#include "standard/fixed_number.h"
 #include "standard/number_of_value.h"
 #include "standard/plain_text.h"
 #include "standard/value_formatter_parts.h"
 
+#include <charconv>
 #include <cmath>
+#include <variant>
 
 namespace krv::standard {
 
@@ -11,7 +14,7 @@ using platform::ValueView;
 
 namespace {
 
-bool is_empty_text(ValueView value) {
+bool is_empty_text(const ValueView& value) {
     return value.kind() == ValueKind::text && value.as_text().empty();
 }
 
@@ -24,9 +27,41 @@ int fixed_limit_of(ValueKind kind) {
                : PlainNumberForm().fixed_limit;
 }
 
+/// The kinds whose numbers a Double holds in full, as far as there are few digits.
+bool write_fast(const ValueView& value, const NumericPattern& pattern, std::string& text) {
+    switch (value.kind()) {
+    case ValueKind::double_float:
+        return pattern.write_fast(value.as_double(), 0, text);
+    case ValueKind::date:
+        return pattern.write_fast(value.as_date().serial, 0, text);
+    case ValueKind::currency:
+        return pattern.write_fast(
+            static_cast<double>(value.as_currency().ten_thousandths), -4, text);
+    default:
+        return value.is_whole() &&
+               pattern.write_fast(static_cast<double>(value.as_whole()), 0, text);
+    }
+}
+
+/// The same for plain text.
+bool write_fast(double value, std::string_view decimal_separator, std::string& text) {
+    constexpr std::size_t longest_separator = 4;
+    const auto number = short_number(std::abs(value));
+    if (!number || decimal_separator.size() > longest_separator) {
+        return false;
+    }
+    write_short_number(*number, value < 0, decimal_separator, text);
+    return true;
+}
+
+void write_whole(std::int64_t value, std::string& text) {
+    char digits[24];
+    text.assign(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+}
+
 } // namespace
 
-void ValueFormatter::Parts::write_number(ValueView value,
+void ValueFormatter::Parts::write_number(const ValueView& value,
                                          PlainNumberForm form,
                                          std::string& text) const {
     if (!is_finite(value)) {
@@ -37,7 +72,7 @@ void ValueFormatter::Parts::write_number(ValueView value,
     write_plain_number(decimal_of(value), form, text);
 }
 
-void ValueFormatter::Parts::write_plainly(ValueView value, std::string& text) const {
+void ValueFormatter::Parts::write_plainly(const ValueView& value, std::string& text) const {
     switch (value.kind()) {
     case ValueKind::empty:
     case ValueKind::null:
@@ -52,13 +87,22 @@ void ValueFormatter::Parts::write_plainly(ValueView value, std::string& text) co
     case ValueKind::text:
         text.assign(value.as_text());
         break;
+    case ValueKind::double_float:
+        if (write_fast(value.as_double(), region.decimal_separator, text)) {
+            break;
+        }
+        [[fallthrough]];
     default:
-        write_number(value, {.decimal_separator = region.decimal_separator}, text);
+        if (value.is_whole()) {
+            write_whole(value.as_whole(), text);
+        } else {
+            write_number(value, {.decimal_separator = region.decimal_separator}, text);
+        }
         break;
     }
 }
 
-void ValueFormatter::Parts::format_plainly(ValueView value, std::string& text) const {
+void ValueFormatter::Parts::format_plainly(const ValueView& value, std::string& text) const {
     if (value.kind() == ValueKind::text) {
         if (const auto number = number_of_plain_text(value.as_text(), region, date_reader)) {
             return write_plainly(ValueView::double_float(*number), text);
@@ -67,7 +111,7 @@ void ValueFormatter::Parts::format_plainly(ValueView value, std::string& text) c
     write_plainly(value, text);
 }
 
-std::optional<ValueView> ValueFormatter::Parts::number_behind(ValueView value,
+std::optional<ValueView> ValueFormatter::Parts::number_behind(const ValueView& value,
                                                               std::string& text) const {
     if (value.kind() == ValueKind::text) {
         const auto number = read_number(value.as_text(), region, PercentSign::divides);
@@ -84,18 +128,31 @@ std::optional<ValueView> ValueFormatter::Parts::number_behind(ValueView value,
     return value;
 }
 
-void ValueFormatter::Parts::format(ValueView value,
+void ValueFormatter::Parts::format(const ValueView& value,
+                                   const FormatPattern& pattern,
+                                   std::string& text) const {
+    if (pattern.named && is_missing(value)) {
+        return text.clear();
+    }
+    std::visit([&](const auto& form) { format(value, form, text); }, pattern.form);
+}
+
+void ValueFormatter::Parts::format(const ValueView& value,
                                    const NumericPattern& pattern,
                                    std::string& text) const {
     if (is_missing(value)) {
         return pattern.write_null(text);
     }
+    if (write_fast(value, pattern, text)) {
+        return;
+    }
     if (const auto number = number_behind(value, text)) {
-        pattern.write(decimal_of(*number), text);
+        DecimalText decimal = decimal_of(*number);
+        pattern.write(decimal, text);
     }
 }
 
-void ValueFormatter::Parts::format(ValueView value,
+void ValueFormatter::Parts::format(const ValueView& value,
                                    const WordPair& words,
                                    std::string& text) const {
     if (const auto number = number_behind(value, text)) {
@@ -103,7 +160,7 @@ void ValueFormatter::Parts::format(ValueView value,
     }
 }
 
-void ValueFormatter::Parts::format(ValueView value,
+void ValueFormatter::Parts::format(const ValueView& value,
                                    const GeneralNumber& /*pattern*/,
                                    std::string& text) const {
     if (const auto number = number_behind(value, text)) {
@@ -111,9 +168,12 @@ void ValueFormatter::Parts::format(ValueView value,
     }
 }
 
-void ValueFormatter::Parts::format(ValueView value,
+void ValueFormatter::Parts::format(const ValueView& value,
                                    const DatePattern& pattern,
                                    std::string& text) const {
+    if (value.kind() == ValueKind::date) {
+        return pattern.write(value.as_date().serial, dates, text);
+    }
     if (value.is_null()) {
         return text.clear();
     }
@@ -124,7 +184,7 @@ void ValueFormatter::Parts::format(ValueView value,
     }
 }
 
-std::optional<double> ValueFormatter::Parts::serial_behind(ValueView value,
+std::optional<double> ValueFormatter::Parts::serial_behind(const ValueView& value,
                                                            const DatePattern& pattern) const {
     if (value.kind() == ValueKind::empty) {
         return 0.0;
@@ -139,7 +199,7 @@ std::optional<double> ValueFormatter::Parts::serial_behind(ValueView value,
     return number && is_date_serial(number->value) ? std::optional(number->value) : std::nullopt;
 }
 
-void ValueFormatter::Parts::format(ValueView value,
+void ValueFormatter::Parts::format(const ValueView& value,
                                    const StringPattern& pattern,
                                    std::string& text) const {
     if (is_missing(value) || is_empty_text(value)) {
@@ -148,9 +208,8 @@ void ValueFormatter::Parts::format(ValueView value,
     if (value.kind() == ValueKind::text) {
         return pattern.write(value.as_text(), text);
     }
-    std::string plain;
-    write_plainly(value, plain);
-    pattern.write(plain, text);
+    write_plainly(value, text);
+    pattern.write(text, text);
 }
 
 } // namespace krv::standard
