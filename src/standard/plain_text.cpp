@@ -17,8 +17,10 @@ bool is_meant_as_date(std::string_view text,
                       const NumberInText& number,
                       const RegionalSettings& region,
                       const DateReader& dates) {
-    return region.thousands_separator == region.date_separator && !number.grouped_by_three &&
-           text.find(region.date_separator) != std::string_view::npos && dates.read(text);
+    const std::string& separator = region.date_separator;
+    return !separator.empty() && separator == region.thousands_separator &&
+           !number.grouped_by_three && text.find(separator) != std::string_view::npos &&
+           dates.read(text);
 }
 
 } // namespace
