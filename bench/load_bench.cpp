@@ -118,6 +118,7 @@ void refresh(benchmark::State& state) {
     const Constituents parts = surface.constituents();
     KarvoList list(parts, {surface, form.application(), data, formatter});
     list.InitProperties();
+    surface.place();
     list.SetAutoAdd(false);
     list.SetDataBaseName(shop_file(state.range(0)));
     list.SetRecordsource("righe");

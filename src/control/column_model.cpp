@@ -1,9 +1,8 @@
-#include "krv/control/column_model.h"
+#include "control/column_model.h"
 
-#include "control/arithmetic.h"
+#include "control/failures.h"
 
-#include <new>
-#include <stdexcept>
+#include <exception>
 #include <utility>
 
 namespace krv {
@@ -11,25 +10,16 @@ namespace krv {
 namespace {
 
 template <class Array>
+std::size_t index_in(const Array& array, std::int32_t col) {
+    if (col < 0 || static_cast<std::size_t>(col) >= array.size()) {
+        fail_subscript();
+    }
+    return static_cast<std::size_t>(col);
+}
+
+template <class Array>
 auto& at(Array& array, std::int32_t col) {
-    if (col < 0 || static_cast<std::size_t>(col) >= array.size()) {
-        fail_subscript();
-    }
-    return array[static_cast<std::size_t>(col)];
-}
-
-bool flag_at(const std::vector<bool>& array, std::int32_t col) {
-    if (col < 0 || static_cast<std::size_t>(col) >= array.size()) {
-        fail_subscript();
-    }
-    return array[static_cast<std::size_t>(col)];
-}
-
-void set_flag_at(std::vector<bool>& array, std::int32_t col, bool value) {
-    if (col < 0 || static_cast<std::size_t>(col) >= array.size()) {
-        fail_subscript();
-    }
-    array[static_cast<std::size_t>(col)] = value;
+    return array[index_in(array, col)];
 }
 
 void set_tag_at(std::vector<std::int16_t>& array, std::int32_t col, krvListRecords value) {
@@ -43,28 +33,32 @@ void ColumnModel::Resize(std::int32_t upper_bound) {
     if (upper_bound < 0) {
         fail_subscript();
     }
+    const auto resize_all = [&](auto resize) {
+        resize(editable_);
+        resize(from_record_);
+        resize(data_field_);
+        resize(is_key_);
+        resize(format_);
+        resize(is_necessary_);
+        resize(field_length_);
+        resize(field_type_);
+    };
     const auto count = static_cast<std::size_t>(upper_bound) + 1;
     try {
-        editable_.resize(count);
-        from_record_.resize(count);
-        data_field_.resize(count);
-        is_key_.resize(count);
-        format_.resize(count);
-        is_necessary_.resize(count);
-        field_length_.resize(count);
-        field_type_.resize(count);
-    } catch (const std::bad_alloc&) {
+        resize_all([count](auto& array) { array.reserve(count); });
+    } catch (const std::exception&) { // bad_alloc, length_error
         throw platform::RuntimeError(
             platform::error_number::out_of_memory, "Out of memory", "krvList3");
     }
+    resize_all([count](auto& array) { array.resize(count); });
 }
 
 bool ColumnModel::ColEditable(std::int32_t col) const {
-    return flag_at(editable_, col);
+    return editable_[index_in(editable_, col)];
 }
 
 void ColumnModel::SetColEditable(std::int32_t col, bool value) {
-    set_flag_at(editable_, col, value);
+    editable_[index_in(editable_, col)] = value;
 }
 
 krvListRecords ColumnModel::ColFromRecord(std::int32_t col) const {
@@ -100,11 +94,11 @@ void ColumnModel::SetColFormat(std::int32_t col, std::string value) {
 }
 
 bool ColumnModel::ColIsNecessary(std::int32_t col) const {
-    return flag_at(is_necessary_, col);
+    return is_necessary_[index_in(is_necessary_, col)];
 }
 
 void ColumnModel::SetColIsNecessary(std::int32_t col, bool value) {
-    set_flag_at(is_necessary_, col, value);
+    is_necessary_[index_in(is_necessary_, col)] = value;
 }
 
 std::int16_t ColumnModel::ColFieldLength(std::int32_t col) const {

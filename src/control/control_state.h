@@ -1,10 +1,10 @@
 #pragma once
 
+#include "control/column_model.h"
 #include "control/edit_state.h"
-#include "control/life.h"
 
-#include "krv/control/column_model.h"
 #include "krv/control/constituents.h"
+#include "krv/platform/life.h"
 
 #include <memory>
 
@@ -34,7 +34,7 @@ struct ControlState {
     /// Set before the first routine runs; lives as long as this state.
     editing::Commands* commands = nullptr;
 
-    Life life;
+    platform::LifeToken life;
 };
 
 } // namespace krv

@@ -1,22 +1,20 @@
 #include "control/function_buttons.h"
 
-#include "control/arithmetic.h"
 #include "control/control_state.h"
+#include "control/failures.h"
+
+#include "krv/platform/keys.h"
 
 namespace krv {
 
 namespace {
 
-constexpr std::int16_t key_f1 = 112;
-constexpr std::int16_t key_f12 = 123;
+using platform::key_f1;
+using platform::key_f12;
 
 /// The digits in "F5" for a key code.
 std::string function_number(std::int16_t key) {
     return std::to_string(narrow<std::int16_t>(std::int64_t{key} - (key_f1 - 1)));
-}
-
-bool is_function(std::int16_t number) {
-    return number >= 1 && number <= 4;
 }
 
 } // namespace
@@ -87,35 +85,34 @@ void FunctionButtons::recaption_after_load() {
 void FunctionButtons::EvidenziaFunzione(std::int16_t function) {
     if (function == 0) {
         clear_marks();
-    } else if (!is_function(function)) {
+    }
+    if (function < 1 || function > 4) {
         return;
-    } else if (static_cast<std::int32_t>(EvidenziaColor) <= 0) {
-        mark_by_line(function);
+    }
+    const auto chosen = static_cast<Function>(function);
+    if (static_cast<std::int32_t>(EvidenziaColor) <= 0) {
+        marked_by_line_ = chosen;
+        place_line();
     } else {
-        mark_by_color(function);
+        mark_by_color(chosen);
     }
 }
 
-void FunctionButtons::mark_by_line(std::int16_t function) {
-    line_marks_ = function;
-    follow_layout();
-}
-
-void FunctionButtons::mark_by_color(std::int16_t function) {
+void FunctionButtons::mark_by_color(Function function) {
     for (const Function other : all_functions) {
-        const bool chosen = other == static_cast<Function>(function);
-        button(other).SetBackColor(chosen ? EvidenziaColor : platform::button_face_color);
+        button(other).SetBackColor(other == function ? EvidenziaColor
+                                                     : platform::button_face_color);
     }
-    color_marks_ = function;
+    marked_by_color_ = function;
     hide_line();
 }
 
 void FunctionButtons::clear_marks() {
-    if (color_marks_ != 0) {
-        button(static_cast<Function>(color_marks_)).SetBackColor(platform::button_face_color);
-        color_marks_ = 0;
+    if (marked_by_color_) {
+        button(*marked_by_color_).SetBackColor(platform::button_face_color);
+        marked_by_color_.reset();
     }
-    if (line_marks_ != 0) {
+    if (marked_by_line_) {
         hide_line();
     }
 }
@@ -123,14 +120,14 @@ void FunctionButtons::clear_marks() {
 void FunctionButtons::hide_line() {
     state_.parts.Line1.SetX1(-1);
     state_.parts.Line1.SetX2(-1);
-    line_marks_ = 0;
+    marked_by_line_.reset();
 }
 
-void FunctionButtons::follow_layout() {
-    if (line_marks_ == 0) {
+void FunctionButtons::place_line() {
+    if (!marked_by_line_) {
         return;
     }
-    const platform::Button& marked = button(static_cast<Function>(line_marks_));
+    const platform::Button& marked = button(*marked_by_line_);
     state_.parts.Line1.SetX1(marked.Left());
     state_.parts.Line1.SetX2(marked.Left() + marked.Width());
 }

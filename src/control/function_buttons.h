@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -51,8 +52,8 @@ public:
     /// existing mark away; other numbers do nothing.
     void EvidenziaFunzione(std::int16_t function);
 
-    /// The marked button's place changed: the line follows it.
-    void follow_layout();
+    /// Puts the line under the button that it marks, if any: the layout may have moved it.
+    void place_line();
 
     std::int16_t KeyOK = 13;
     bool OkVisible = false;
@@ -68,15 +69,14 @@ private:
     const Setting& setting(Function function) const;
     Setting& setting(Function function);
     void compose_caption(Function function);
-    void mark_by_line(std::int16_t function);
-    void mark_by_color(std::int16_t function);
+    void mark_by_color(Function function);
     void clear_marks();
     void hide_line();
 
     ControlState& state_;
     std::array<Setting, 4> settings_;
-    std::int16_t line_marks_ = 0;
-    std::int16_t color_marks_ = 0;
+    std::optional<Function> marked_by_line_;
+    std::optional<Function> marked_by_color_;
 };
 
 } // namespace krv

@@ -1,6 +1,5 @@
 #include "krv/control/karvo_list.h"
 
-#include "control/arithmetic.h"
 #include "control/rooms.h"
 
 #include <utility>
@@ -56,7 +55,6 @@ void KarvoList::InitProperties() {
     state.AutoStartInputOnClick = true;
     state.host.application.SetTitle("Rolda");
     state.host.container.SetEvents(rooms_.get());
-    rooms_->Resize();
 }
 
 // --- State ---------------------------------------------------------------------------------------

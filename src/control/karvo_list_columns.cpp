@@ -2,7 +2,7 @@
 
 #include "krv/control/karvo_list.h"
 
-#include "control/arithmetic.h"
+#include "control/failures.h"
 #include "control/rooms.h"
 
 namespace krv {
@@ -152,7 +152,7 @@ std::int32_t KarvoList::Row() const {
 }
 
 void KarvoList::SetRow(std::int32_t row) {
-    const LifeWatch watch(rooms_->state.life);
+    const platform::LifeWatch watch(rooms_->state.life);
     rooms_->state.parts.Grid.SetRow(add_long(row, 1));
     if (!watch.ended()) {
         rooms_->changed("Row");

@@ -11,9 +11,6 @@ namespace {
 
 using platform::TwipsSingle;
 
-constexpr TwipsSingle least_width = 5055;
-constexpr TwipsSingle least_height = 1800;
-
 void keep_least_size(platform::Container& container) {
     if (container.Width() < least_width) {
         container.SetWidth(least_width);
@@ -53,11 +50,10 @@ void stack_rows(const Constituents& parts, TwipsSingle height) {
 } // namespace
 
 void place_editor_over(const Constituents& parts, std::int32_t col) {
-    // 35 twips to the right and 35 wider: the cell's grid line and padding.
     const platform::Grid& line = parts.GridIn;
-    parts.InpFld.Move(static_cast<TwipsSingle>(line.ColPos(col) + 35),
+    parts.InpFld.Move(static_cast<TwipsSingle>(line.ColPos(col)) + editor_indent,
                       line.Top() + static_cast<TwipsSingle>(line.RowPos(1)),
-                      static_cast<TwipsSingle>(line.ColWidth(col) + 35),
+                      static_cast<TwipsSingle>(line.ColWidth(col)) + editor_indent,
                       static_cast<TwipsSingle>(line.RowHeight(1)));
 }
 
@@ -74,7 +70,7 @@ void lay_out(ControlState& state, FunctionButtons& buttons) {
     if (state.edit.ColInEdit >= 0 && state.edit.ColInEdit < parts.GridIn.Cols()) {
         place_editor_over(parts, state.edit.ColInEdit);
     }
-    buttons.follow_layout();
+    buttons.place_line();
 }
 
 } // namespace krv

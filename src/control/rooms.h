@@ -1,6 +1,7 @@
 #pragma once
 
 #include "control/control_state.h"
+#include "control/flag_scope.h"
 #include "control/function_buttons.h"
 #include "control/layout.h"
 #include "data/list_loading.h"
@@ -47,12 +48,8 @@ public:
         if (laying_out) {
             return; // the layout's own minimum size; it reads the size again
         }
-        laying_out = true;
-        const LifeWatch watch(state.life);
+        const FlagScope scope(laying_out, state.life);
         lay_out(state, buttons);
-        if (!watch.ended()) {
-            laying_out = false;
-        }
     }
 
     void changed(std::string_view property) { state.host.container.PropertyChanged(property); }

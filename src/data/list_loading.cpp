@@ -1,6 +1,7 @@
 #include "data/list_loading.h"
 
 #include "control/control_state.h"
+#include "control/flag_scope.h"
 #include "control/function_buttons.h"
 #include "data/record_source.h"
 #include "editing/commands.h"
@@ -13,31 +14,6 @@ bool is_blank(const std::string& text) {
     return text.find_first_not_of(' ') == std::string::npos;
 }
 
-/// Holds the row-change handling off, as a run of its own would, for as long as it lives.
-class RowChangeHold {
-public:
-    explicit RowChangeHold(ControlState& state)
-        : state_(state)
-        , watch_(state.life)
-        , before_(state.edit.RowChangeBusy) {
-        state_.edit.RowChangeBusy = true;
-    }
-
-    RowChangeHold(const RowChangeHold&) = delete;
-    RowChangeHold& operator=(const RowChangeHold&) = delete;
-
-    ~RowChangeHold() {
-        if (!watch_.ended()) {
-            state_.edit.RowChangeBusy = before_;
-        }
-    }
-
-private:
-    ControlState& state_;
-    LifeWatch watch_;
-    bool before_;
-};
-
 } // namespace
 
 ListLoading::ListLoading(ControlState& state, RecordSource& source, FunctionButtons& buttons)
@@ -47,33 +23,29 @@ ListLoading::ListLoading(ControlState& state, RecordSource& source, FunctionButt
 
 void ListLoading::Refresh() {
     buttons_.recaption_after_load();
-    switch (source_.open()) {
-    case Opening::opened:
-        fill();
-        break;
-    case Opening::nothing_to_open:
-        break;
-    case Opening::refused:
-    case Opening::control_ended:
+    const Opening opening = source_.open();
+    if (opening == Opening::refused) {
         return;
+    }
+    if (opening == Opening::opened) {
+        fill();
     }
     reset_after_refresh();
 }
 
 void ListLoading::fill() {
     platform::Grid& list = state_.parts.Grid;
-    platform::Recordset& records = *source_.recordset;
+    const std::shared_ptr<platform::Recordset> records = source_.recordset;
     list.SetRows(1);
-    while (!records.Eof()) {
+    while (!records->Eof()) {
         list.AddItem("");
-        fill_row(list.Rows() - 1);
-        records.MoveNext();
+        fill_row(list.Rows() - 1, records->Fields());
+        records->MoveNext();
     }
 }
 
-void ListLoading::fill_row(std::int32_t grid_row) {
+void ListLoading::fill_row(std::int32_t grid_row, const platform::Fields& fields) {
     platform::Grid& list = state_.parts.Grid;
-    const platform::Fields& fields = source_.recordset->Fields();
     const std::int32_t cols = list.Cols();
     for (std::int32_t col = 0; col < cols; ++col) {
         const std::string& field_name = state_.columns.ColDataField(col);
@@ -85,7 +57,7 @@ void ListLoading::fill_row(std::int32_t grid_row) {
     }
 }
 
-/// Valid until the next cell, or until the recordset moves.
+// Valid until the next cell, or until the recordset moves.
 std::string_view ListLoading::cell_text(platform::ValueView value, const std::string& pattern) {
     if (value.is_null()) {
         return {};
@@ -101,11 +73,11 @@ std::string_view ListLoading::cell_text(platform::ValueView value, const std::st
 }
 
 void ListLoading::reset_after_refresh() {
-    const LifeWatch watch(state_.life);
+    const platform::LifeWatch watch(state_.life);
     const Constituents& parts = state_.parts;
     // A load asks nothing and offers nothing: what the user typed into a row that is gone has no
     // place.
-    const RowChangeHold hold(state_);
+    const FlagScope row_change_is_held_off(state_.edit.RowChangeBusy, state_.life);
     state_.commands->CloseField();
     state_.host.container.Repaint();
     state_.edit.EditRow = -1;
@@ -148,7 +120,7 @@ void ListLoading::Svuota(bool never_add) {
 }
 
 void ListLoading::reset_after_emptying(AutomaticAdd automatic_add) {
-    const LifeWatch watch(state_.life);
+    const platform::LifeWatch watch(state_.life);
     const Constituents& parts = state_.parts;
     parts.btnOK.SetVisible(false);
     state_.edit.EditRow = -1;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "krv/platform/value.h"
+#include "krv/platform/data_access.h"
 
 #include <cstdint>
 #include <string>
@@ -31,7 +31,7 @@ private:
     enum class AutomaticAdd { allowed, withheld };
 
     void fill();
-    void fill_row(std::int32_t grid_row);
+    void fill_row(std::int32_t grid_row, const platform::Fields& fields);
     std::string_view cell_text(platform::ValueView value, const std::string& pattern);
     void reset_after_refresh();
     void reset_after_emptying(AutomaticAdd automatic_add);

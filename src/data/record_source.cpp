@@ -39,17 +39,14 @@ RecordSource::RecordSource(ControlState& state)
     : state_(state) {}
 
 void RecordSource::CloseAll() noexcept {
-    succeeds([this] {
-        if (recordset) {
-            recordset->Close();
-        }
-    });
+    // Held here while they close: a host's recordset may call the control back in that.
+    if (const auto closing = recordset) {
+        succeeds([&] { closing->Close(); });
+    }
     recordset.reset();
-    succeeds([this] {
-        if (connection_) {
-            connection_->Close();
-        }
-    });
+    if (const auto closing = connection_) {
+        succeeds([&] { closing->Close(); });
+    }
     connection_.reset();
 }
 
@@ -90,9 +87,8 @@ bool RecordSource::settle_connection_string() {
 }
 
 Opening RecordSource::refuse(const char* message) {
-    const LifeWatch watch(state_.life);
     state_.host.application.MsgBox(message, platform::MessageButtons::ok);
-    return watch.ended() ? Opening::control_ended : Opening::refused;
+    return Opening::refused;
 }
 
 } // namespace krv::data

@@ -15,8 +15,7 @@ namespace data {
 enum class Opening {
     opened,          ///< the recordset stands on its first record, or at its end
     nothing_to_open, ///< no `Recordsource`: nothing is open
-    refused,         ///< a message told the user why
-    control_ended    ///< the host destroyed the control behind the message: touch nothing
+    refused          ///< a message told the user why; the host may have destroyed the control in it
 };
 
 /// The four data properties and the connection and recordset behind them.

@@ -1,11 +1,13 @@
 #include "krv/headless/headless_button.h"
 
-#include "headless/key_codes.h"
-
 #include "krv/headless/activity.h"
 #include "krv/headless/headless_control.h"
+#include "krv/platform/keys.h"
 
 namespace krv::headless {
+
+using platform::key_enter;
+using platform::key_space;
 
 bool HeadlessButton::is_clicked_by(std::int16_t key_code) const {
     return key_code == key_enter || key_code == key_space;

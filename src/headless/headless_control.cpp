@@ -2,9 +2,8 @@
 
 #include "krv/headless/activity.h"
 #include "krv/headless/headless_form.h"
+#include "krv/standard/editor_column.h"
 #include "krv/standard/measures.h"
-
-#include <cmath>
 
 namespace krv::headless {
 
@@ -12,7 +11,6 @@ namespace {
 
 constexpr platform::TwipsSingle input_line_height = 510;
 constexpr platform::TwipsSingle button_height = 255;
-constexpr platform::Twips editor_offset = 35; ///< left edge of the editor within its column
 
 } // namespace
 
@@ -93,6 +91,10 @@ void HeadlessControl::resize(platform::TwipsSingle width, platform::TwipsSingle 
     }
 }
 
+void HeadlessControl::place() {
+    raise_resize();
+}
+
 void HeadlessControl::raise_resize() {
     if (events_ != nullptr) {
         const Activity activity(form_);
@@ -127,12 +129,9 @@ void HeadlessControl::follow_row(std::int32_t row_before) {
 }
 
 void HeadlessControl::show_column_of_editor() {
-    const auto left = static_cast<platform::Twips>(std::lrint(inp_fld_.Left())) - editor_offset;
-    for (std::int32_t col = 0; col < grid_in_.Cols(); ++col) {
-        if (grid_in_.ColPos(col) == left && grid_in_.ColWidth(col) > 0) {
-            grid_in_.flex().ensure_visible(-1, col);
-            return;
-        }
+    const std::int32_t col = standard::editor_column(grid_in_, inp_fld_);
+    if (col >= 0) {
+        grid_in_.flex().ensure_visible(-1, col);
     }
 }
 

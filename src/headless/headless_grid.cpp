@@ -3,19 +3,11 @@
 #include "krv/headless/activity.h"
 #include "krv/headless/headless_control.h"
 #include "krv/headless/headless_form.h"
+#include "krv/standard/measures.h"
 
-#include <cmath>
 #include <utility>
 
 namespace krv::headless {
-
-namespace {
-
-platform::Twips whole(float twips) {
-    return static_cast<platform::Twips>(std::lrint(twips));
-}
-
-} // namespace
 
 HeadlessGrid::HeadlessGrid(HeadlessForm& form,
                            HeadlessControl* control,
@@ -23,9 +15,7 @@ HeadlessGrid::HeadlessGrid(HeadlessForm& form,
                            standard::GridSelection selection,
                            GridKeys keys)
     : GridFace(form.queue(), selection, form, control, std::move(name))
-    , keys_(keys) {
-    flex().set_on_row_col_change([this] { raise_row_col_change(); });
-}
+    , keys_(keys) {}
 
 void HeadlessGrid::raise_row_col_change() {
     if (events() != nullptr) {
@@ -49,14 +39,14 @@ void HeadlessGrid::act_on_key(std::int16_t key_code, std::int16_t /*shift*/) {
 
 void HeadlessGrid::press(const Mouse& mouse) {
     const Activity activity(form());
-    flex().mouse_press(whole(mouse.x), whole(mouse.y));
+    flex().mouse_press(standard::whole_twips(mouse.x), standard::whole_twips(mouse.y));
     if (events() != nullptr) {
         events()->MouseDown(mouse.button, mouse.shift, mouse.x, mouse.y);
     }
 }
 
 void HeadlessGrid::drag(const Mouse& mouse) {
-    flex().mouse_drag(whole(mouse.x), whole(mouse.y));
+    flex().mouse_drag(standard::whole_twips(mouse.x), standard::whole_twips(mouse.y));
 }
 
 void HeadlessGrid::let_go() {

@@ -1,13 +1,21 @@
 #include "krv/headless/headless_text_box.h"
 
-#include "headless/key_codes.h"
 #include "headless/text_units.h"
 #include "standard/utf8.h"
 
 #include "krv/headless/activity.h"
 #include "krv/platform/error.h"
+#include "krv/platform/keys.h"
 
 namespace krv::headless {
+
+using platform::key_backspace;
+using platform::key_delete;
+using platform::key_end;
+using platform::key_home;
+using platform::key_left;
+using platform::key_right;
+using platform::shift_key;
 
 namespace {
 

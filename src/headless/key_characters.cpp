@@ -1,9 +1,15 @@
 #include "headless/key_characters.h"
+#include "krv/platform/keys.h"
 
-#include "headless/key_codes.h"
 #include "standard/utf8.h"
 
 namespace krv::headless {
+
+using platform::key_enter;
+using platform::key_packet;
+using platform::key_space;
+using platform::key_tab;
+using platform::shift_key;
 
 namespace {
 

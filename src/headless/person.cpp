@@ -1,14 +1,19 @@
 #include "krv/headless/person.h"
 
 #include "headless/key_characters.h"
-#include "headless/key_codes.h"
 
 #include "krv/headless/headless_form.h"
 #include "krv/platform/error.h"
+#include "krv/platform/keys.h"
 
 #include <utility>
 
 namespace krv::headless {
+
+using platform::ctrl_key;
+using platform::key_tab;
+using platform::key_v;
+using platform::shift_key;
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "krv/standard/flex_grid.h"
 
+#include "krv/platform/keys.h"
 #include "standard/column_measures.h"
 #include "standard/grid_errors.h"
 #include "standard/row_heights.h"
@@ -110,21 +111,17 @@ void FlexGrid::scroll_rows(std::int32_t rows) {
 }
 
 bool FlexGrid::scroll_by_key(std::int16_t key_code) {
-    constexpr std::int16_t key_page_up = 33;
-    constexpr std::int16_t key_page_down = 34;
-    constexpr std::int16_t key_end = 35;
-    constexpr std::int16_t key_home = 36;
     switch (key_code) {
-    case key_page_up:
+    case platform::key_page_up:
         page_up();
         return true;
-    case key_page_down:
+    case platform::key_page_down:
         page_down();
         return true;
-    case key_end:
+    case platform::key_end:
         set_scroll_y(max_scroll_y());
         return true;
-    case key_home:
+    case platform::key_home:
         set_scroll_y(0);
         return true;
     default:

@@ -1,6 +1,7 @@
-#include "krv/control/column_model.h"
+#include "control/column_model.h"
 
 #include "support/errors.h"
+#include "support/scarce_memory.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +35,7 @@ TEST(ColumnModel, an_upper_bound_below_0_is_out_of_range_and_changes_nothing) {
     model.Resize(2);
     model.SetColDataField(2, "nome");
     EXPECT_EQ(error_number_of([&] { model.Resize(-1); }), 9);
-    EXPECT_EQ(model.Count(), 3);
+    EXPECT_EQ(error_number_of([&] { model.ColDataField(3); }), 9);
     EXPECT_EQ(model.ColDataField(2), "nome");
 }
 
@@ -86,6 +87,23 @@ TEST(ColumnModel, the_column_is_tested_before_the_value_is_narrowed) {
     model.Resize(0);
     EXPECT_EQ(error_number_of([&] { model.SetColIsKey(1, static_cast<krvListRecords>(70000)); }),
               9);
+}
+
+TEST(ColumnModel, columns_that_no_memory_can_hold_fail_with_7_and_change_nothing) {
+    for (std::size_t granted = 0; granted < 8; ++granted) {
+        ColumnModel model;
+        model.Resize(1);
+        model.SetColDataField(1, "nome");
+        std::int32_t number = 0;
+        {
+            const testing::ScarceMemory memory(granted);
+            number = error_number_of([&] { model.Resize(999); });
+        }
+        EXPECT_EQ(number, 7) << granted;
+        EXPECT_EQ(model.ColDataField(1), "nome");
+        EXPECT_EQ(error_number_of([&] { model.ColEditable(2); }), 9);
+        EXPECT_EQ(error_number_of([&] { model.ColFieldType(2); }), 9);
+    }
 }
 
 } // namespace

@@ -45,6 +45,44 @@ TEST_F(FunctionButtonsOfAList, the_confirm_caption_has_no_key_mark) {
     EXPECT_EQ(list().OKCaption(), "salva");
 }
 
+TEST_F(FunctionButtonsOfAList, every_put_notifies_its_own_name) {
+    list().SetKeyInsert(112);
+    list().SetKeyDelete(113);
+    list().SetKeyCopy(114);
+    list().SetKeyOK(27);
+    list().SetInsertCaption("i");
+    list().SetDeleteCaption("d");
+    list().SetCopyCaption("c");
+    list().SetOKCaption("ok");
+    list().SetAddVisible(true);
+    list().SetInsertVisible(true);
+    list().SetDeleteVisible(true);
+    list().SetCopyVisible(true);
+    list().SetOkVisible(true);
+    list().SetEvidenziaColor(1);
+    EXPECT_THAT(changed,
+                ElementsAre("KeyInsert",
+                            "KeyDelete",
+                            "KeyCopy",
+                            "KeyOK",
+                            "InsertCaption",
+                            "DeleteCaption",
+                            "CopyCaption",
+                            "OKCaption",
+                            "AddVisible",
+                            "InsertVisible",
+                            "DeleteVisible",
+                            "CopyVisible",
+                            "OkVisible",
+                            "EvidenziaColor"));
+}
+
+TEST_F(FunctionButtonsOfAList, the_host_may_destroy_the_control_behind_the_key_message) {
+    on_message = [this](const std::string&) { destroy(); };
+    list().SetKeyAdd(1);
+    EXPECT_FALSE(alive());
+}
+
 TEST_F(FunctionButtonsOfAList, a_visible_flag_shows_or_hides_its_button_and_moves_nothing) {
     const float left = parts().btnDelete.Left();
     list().SetCopyVisible(false);

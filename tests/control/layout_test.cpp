@@ -53,8 +53,8 @@ TEST_F(Layout, a_small_control_is_widened_to_its_least_size) {
 
 TEST_F(Layout, hidden_buttons_keep_their_place) {
     list().SetInsertVisible(false);
-    resize(6000, 3000);
-    EXPECT_EQ(parts().btnCopy.Left(), 2400);
+    resize(6500, 3000);
+    EXPECT_EQ(parts().btnCopy.Left(), 2600);
 }
 
 TEST_F(Layout, the_editor_lies_over_its_cell_35_twips_to_the_right_and_wider) {
@@ -65,6 +65,13 @@ TEST_F(Layout, the_editor_lies_over_its_cell_35_twips_to_the_right_and_wider) {
     EXPECT_EQ(p.InpFld.Top(), p.GridIn.Top() + 240);
     EXPECT_EQ(p.InpFld.Width(), 1535);
     EXPECT_EQ(p.InpFld.Height(), 240);
+}
+
+TEST_F(Layout, the_widest_column_leaves_the_editor_a_place) {
+    list().SetColWidth(0, 2147483647);
+    resize(6000, 3200);
+    EXPECT_GE(parts().InpFld.Width(), 2147483647.0F);
+    EXPECT_EQ(parts().InpFld.Left(), 35);
 }
 
 TEST_F(Layout, the_highlight_line_follows_its_button) {

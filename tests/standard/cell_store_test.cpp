@@ -1,6 +1,6 @@
 #include "standard/cell_store.h"
 
-#include "standard/scarce_memory.h"
+#include "support/scarce_memory.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@
 #include <vector>
 
 using krv::standard::CellStore;
-using krv::standard::test::ScarceMemory;
+using krv::testing::ScarceMemory;
 using testing::ElementsAre;
 
 namespace {

@@ -1,11 +1,12 @@
 #include "standard/grid_fixture.h"
 
-#include "standard/scarce_memory.h"
+#include "support/scarce_memory.h"
 
 #include <algorithm>
 #include <random>
 
 using krv::platform::RuntimeError;
+using krv::testing::ScarceMemory;
 using namespace krv::standard::test;
 
 namespace {

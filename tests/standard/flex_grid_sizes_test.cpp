@@ -1,9 +1,10 @@
 #include "standard/grid_fixture.h"
 
-#include "standard/scarce_memory.h"
+#include "support/scarce_memory.h"
 
 #include <limits>
 
+using krv::testing::ScarceMemory;
 using testing::ElementsAre;
 using namespace krv::standard::test;
 

@@ -1,10 +1,11 @@
 #include "standard/grid_fixture.h"
 
-#include "standard/scarce_memory.h"
+#include "support/scarce_memory.h"
 
 #include <limits>
 #include <string_view>
 
+using krv::testing::ScarceMemory;
 using testing::ElementsAre;
 using namespace krv::standard::test;
 

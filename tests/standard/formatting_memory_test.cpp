@@ -1,5 +1,5 @@
 #include "standard/formatter_support.h"
-#include "standard/scarce_memory.h"
+#include "support/scarce_memory.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ bool allocates(platform::ValueView value, std::string_view pattern) {
     const platform::Formatter& formatter = formatter_of("it-IT");
     std::string text(1000, ' ');
     formatter.Format(value, pattern, text);
-    const test::ScarceMemory none(0);
+    const krv::testing::ScarceMemory none(0);
     try {
         formatter.Format(value, pattern, text);
         formatter.CStr(value, text);

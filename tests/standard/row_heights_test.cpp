@@ -1,6 +1,6 @@
 #include "standard/row_heights.h"
 
-#include "standard/scarce_memory.h"
+#include "support/scarce_memory.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 #include <vector>
 
 using krv::standard::RowHeights;
-using krv::standard::test::ScarceMemory;
+using krv::testing::ScarceMemory;
 using testing::ElementsAre;
 
 namespace {

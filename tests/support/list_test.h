@@ -60,6 +60,7 @@ protected:
         list_ = std::make_unique<KarvoList>(
             *parts_, Surroundings{*surface_, form_.application(), data_access, formatter_});
         list_->InitProperties();
+        surface_->place();
         changed_at_start = changed;
     }
 

@@ -8,6 +8,14 @@
 
 namespace krv {
 
+// The control raises a smaller size to this one, in twips.
+inline constexpr platform::TwipsSingle least_width = 5055;
+inline constexpr platform::TwipsSingle least_height = 1800;
+
+/// The editor stands so far to the right of its column's left edge and is so much wider than the
+/// column, in twips: room for the cell's grid line and padding.
+inline constexpr platform::TwipsSingle editor_indent = 35;
+
 /// The parts that a backend makes and a `KarvoList` works with. They outlive the control.
 struct Constituents {
     platform::Grid& Grid;   ///< the list; row 0 holds the captions

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "krv/control/column_model.h"
 #include "krv/control/constituents.h"
+#include "krv/control/enumerations.h"
 #include "krv/platform/data_access.h"
 #include "krv/platform/units.h"
 
@@ -35,7 +35,7 @@ public:
 
     /// Start-up of a newly placed control: one column, no rows, the default captions, keys and
     /// flags, the application title "Rolda". Notifies nothing. From here on the control reacts to
-    /// its parts.
+    /// its parts and its size: the host places it now, and the container's `Resize` lays it out.
     void InitProperties();
 
     // --- Columns -------------------------------------------------------------------------------
@@ -44,10 +44,9 @@ public:
     std::int32_t Cols() const;
     /// Resizes the eight column arrays, then `Grid`, then `GridIn`. Columns that remain keep their
     /// settings; new ones start with False, 0 and "", default width and alignment.
-    /// \throws RuntimeError 6 for the least 32-bit value and 9 for other values below 1, both
-    /// before
-    ///         anything changes; 7 or 30006 when memory cannot be had (arrays already resized stay
-    ///         so)
+    /// \throws RuntimeError 6 for the least 32-bit value, 9 for other values below 1, 7 when the
+    ///         arrays' memory cannot be had: nothing changes; 30006 from a grid that lacks memory,
+    ///         the arrays are resized by then
     void SetCols(std::int32_t cols);
 
     /// Whether the user may edit the column in the input line.
@@ -60,13 +59,14 @@ public:
     bool ColIsNecessary(std::int32_t col) const;
     void SetColIsNecessary(std::int32_t col, bool value);
 
-    /// Longest text that the editor takes, in characters; 0 means any length.
+    /// Longest text that the editor takes, in characters; 0 and less mean any length.
     /// \throws RuntimeError 9 when `col` is outside
     std::int16_t ColFieldLength(std::int32_t col) const;
     void SetColFieldLength(std::int32_t col, std::int16_t value);
 
     /// Data-type code of the bound field (3 whole number, 5 double, 133 date, 202 text, ...); kept
-    /// for the host, not used by the control. \throws RuntimeError 9 when `col` is outside
+    /// for the host, not used by the control.
+    /// \throws RuntimeError 9 when `col` is outside
     std::int16_t ColFieldType(std::int32_t col) const;
     void SetColFieldType(std::int32_t col, std::int16_t value);
 
@@ -82,19 +82,21 @@ public:
     void SetColDataField(std::int32_t col, std::string_view value);
 
     /// Marks the record that a column's value belongs to: a tag for the host, not used by the
-    /// control. \throws RuntimeError 9 when `col` is outside; then 6 outside -32768 to 32767 (kept
-    /// in 16 bits)
+    /// control.
+    /// \throws RuntimeError 9 when `col` is outside; then 6 for a value outside -32768 to 32767
     krvListRecords ColFromRecord(std::int32_t col) const;
     void SetColFromRecord(std::int32_t col, krvListRecords value);
 
     /// Marks the column as part of the row's key (not 0): a tag for the host, not used by the
-    /// control. \throws RuntimeError 9 when `col` is outside; then 6 outside -32768 to 32767 (kept
-    /// in 16 bits)
+    /// control.
+    /// \throws RuntimeError 9 when `col` is outside; then 6 for a value outside -32768 to 32767
     krvListRecords ColIsKey(std::int32_t col) const;
     void SetColIsKey(std::int32_t col, krvListRecords value);
 
     /// Caption of a column. Source: `Grid.TextArray(col)`; a put writes `Grid`, then `GridIn`.
-    /// \throws RuntimeError 381 from the grid for a number that is no cell of it
+    /// \throws RuntimeError 381 from the grid for a number that is no cell of it. The number counts
+    ///         cells row by row, so one beyond the captions reaches a data cell; where `GridIn` has
+    ///         none, a put has written `Grid` by then.
     std::string Caption(std::int32_t col) const;
     void SetCaption(std::int32_t col, std::string_view caption);
 
@@ -130,17 +132,18 @@ public:
 
     /// Current public row, -1 while the caption row is current. Source: `Grid.Row` - 1.
     std::int32_t Row() const;
-    /// \throws RuntimeError 30009 from the grid outside -1 to Rows() - 1
+    /// \throws RuntimeError 30009 from the grid outside -1 to Rows() - 1, 6 for the largest 32-bit
+    ///         value
     void SetRow(std::int32_t row);
 
     /// First visible row as the grid itself numbers it (1 is public row 0). A put scrolls there, or
-    /// as far as there are rows to show. Notifies nothing. \throws RuntimeError 30009 from the grid
-    /// when negative or above Rows()
+    /// as far as there are rows to show. Notifies nothing.
+    /// \throws RuntimeError 30009 from the grid when negative or above Rows()
     std::int32_t TopRow() const;
     void SetTopRow(std::int32_t grid_row);
 
     /// Text of a list cell by its public row; row -1 is the caption row. A put notifies nothing.
-    /// \throws RuntimeError 381 from the grid for a cell that is not there
+    /// \throws RuntimeError 381 from the grid for a cell that is not there, 6 for the largest row
     std::string TextMatrix(std::int32_t row, std::int32_t col) const;
     void SetTextMatrix(std::int32_t row, std::int32_t col, std::string_view text);
 
@@ -276,10 +279,12 @@ public:
     /// row a record; then resets the edit state. With an empty `Recordsource` only the reset runs.
     ///
     /// What keeps the source from opening is shown in a message box: the list stays as it was and
-    /// no error is raised. Asks nothing and offers no field. \throws RuntimeError 6 when a key's
-    /// number leaves 16 bits (before anything is closed); 3265 for
-    ///         a column whose field the recordset lacks, 13 or 6 for a value that cannot be shown,
-    ///         and what the engine raises while reading: rows loaded until then stay, no reset runs
+    /// no error is raised. Asks nothing and offers no field.
+    /// \throws RuntimeError 6 when a key's number leaves 16 bits (before anything is closed);
+    ///         3265 for a column whose field the recordset lacks, 13 or 6 for a value that cannot be shown,
+    ///         and what the engine raises while reading: rows loaded until then stay, no reset
+    ///         runs; what a handler lets out in the reset's turn of the message loop: the buttons
+    ///         and `Modified` are not reset then
     void Refresh();
 
     /// Empties every text of both grids, captions included, and resets the edit state; the rows

@@ -89,6 +89,9 @@ public:
 
     // What the host's side of the surface sees and does
 
+    /// The host places the control at its size, once its settings are in place: raises `Resize`.
+    void place();
+
     /// Gives the surface both sizes and raises one `Resize` when one of them is different.
     void resize(platform::TwipsSingle width, platform::TwipsSingle height);
 

@@ -37,7 +37,7 @@ protected:
     void drop_events() override { SetEvents(nullptr); }
 
 private:
-    void raise_row_col_change();
+    void raise_row_col_change() override;
 
     GridKeys keys_;
 };

@@ -2,9 +2,8 @@
 
 #include "krv/platform/grid.h"
 #include "krv/standard/flex_grid.h"
+#include "krv/standard/measures.h"
 
-#include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -141,20 +140,16 @@ protected:
     /// The listener, for the events that the backend raises itself; null for none.
     platform::GridEvents* events() const noexcept { return events_; }
 
-private:
-    void raise_row_col_change() const {
+    /// Tells the listener; a backend may put its own guard around that.
+    virtual void raise_row_col_change() {
         if (events_ != nullptr) {
             events_->RowColChange();
         }
     }
 
+private:
     void take_size() {
         flex_.set_view_size(whole_twips(PartBase::Width()), whole_twips(PartBase::Height()));
-    }
-
-    static platform::Twips whole_twips(platform::TwipsSingle size) {
-        constexpr platform::TwipsSingle largest = 1e9F;
-        return static_cast<platform::Twips>(std::lrint(std::clamp(size, 0.0F, largest)));
     }
 
     FlexGrid flex_;

@@ -2,6 +2,7 @@
 
 #include "krv/platform/units.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace krv::standard {
@@ -14,6 +15,12 @@ inline constexpr float default_font_size = 8.25F;
 inline platform::Twips text_height_twips(float font_size) {
     return static_cast<platform::Twips>(std::lrint(195.0 * font_size / default_font_size / 15.0) *
                                         15);
+}
+
+/// A place or size in whole twips, halves to even; beyond 32 bits the nearest number there is.
+inline platform::Twips whole_twips(platform::TwipsSingle twips) {
+    constexpr platform::TwipsSingle farthest = 2147483520; // the last Single below 2^31
+    return static_cast<platform::Twips>(std::lrint(std::clamp(twips, -farthest, farthest)));
 }
 
 /// Height of a grid row whose height nobody set: the text and 45 twips around it.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "krv/platform/life.h"
+
 #include <deque>
 #include <functional>
 #include <memory>
@@ -7,19 +9,7 @@
 
 namespace krv::standard {
 
-/// Lives as a member of a part; a notification posted with its token is dropped once the part is
-/// gone.
-class LifeToken {
-public:
-    LifeToken() = default;
-    LifeToken(const LifeToken&) = delete;
-    LifeToken& operator=(const LifeToken&) = delete;
-
-    std::weak_ptr<const void> watch() const { return alive_; }
-
-private:
-    std::shared_ptr<const void> alive_ = std::make_shared<char>();
-};
+using platform::LifeToken;
 
 /// What waits for the next turn of the message loop: focus notifications, a person's keys and
 /// presses, current-cell changes that the grid's structure forced. One queue a form.
@@ -27,7 +17,8 @@ class MessageQueue {
 public:
     using Notification = std::function<void()>;
 
-    /// Appends; `on_post` is told, so that a real message loop can plan a turn.
+    /// Appends; `on_post` is told, so that a real message loop can plan a turn. Dropped when the
+    /// owner, a part of the form, is gone by its turn.
     void post(const LifeToken& owner, Notification notification);
 
     /// One turn: delivers in order until the queue is empty, what is posted meanwhile included. A

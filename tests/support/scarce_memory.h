@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace krv::standard::test {
+namespace krv::testing {
 
 /// While it lives, allocations fail once so many have succeeded.
 class ScarceMemory {
@@ -16,4 +16,4 @@ public:
     bool ran_out() const;
 };
 
-} // namespace krv::standard::test
+} // namespace krv::testing

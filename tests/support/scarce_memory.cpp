@@ -1,4 +1,4 @@
-#include "standard/scarce_memory.h"
+#include "support/scarce_memory.h"
 
 #include <cstdlib>
 #include <limits>
@@ -48,7 +48,7 @@ void operator delete[](void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 
-namespace krv::standard::test {
+namespace krv::testing {
 
 ScarceMemory::ScarceMemory(std::size_t allocations) {
     one_failed = false;
@@ -63,4 +63,4 @@ bool ScarceMemory::ran_out() const {
     return one_failed;
 }
 
-} // namespace krv::standard::test
+} // namespace krv::testing

@@ -1,20 +1,12 @@
 #pragma once
 
+#include "krv/control/enumerations.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace krv {
-
-/// Which record a column's value belongs to: a tag for the host, not used by the control.
-enum krvListRecords : std::int32_t {
-    krvListRecord = 0, ///< the list's own record
-    krvRec1 = 1,       ///< first related record
-    krvRec2 = 2        ///< second related record
-};
-
-/// Column alignment, as the grids number it.
-enum krvAlignment : std::int32_t { krvauto = 0, krvleft = 1, krvcenter = 4, krvright = 7 };
 
 /// The column settings that only the control interprets: eight arrays with one element a column.
 ///
@@ -23,14 +15,10 @@ enum krvAlignment : std::int32_t { krvauto = 0, krvleft = 1, krvcenter = 4, krvr
 /// grids hold them.
 class ColumnModel {
 public:
-    /// Elements of the arrays; 0 before the first `Resize`. While a resize has failed half way the
-    /// arrays differ; this is the count of the first one.
-    std::int32_t Count() const noexcept { return static_cast<std::int32_t>(editable_.size()); }
-
-    /// Gives the eight arrays the bounds 0 to `upper_bound`, one after the other in a fixed order.
-    /// Remaining elements keep their values; new ones are False, 0 and "".
-    /// \throws RuntimeError 9 for an upper bound below 0 (nothing changes), 7 when memory cannot be
-    ///         had (arrays already resized stay resized)
+    /// Gives the eight arrays the bounds 0 to `upper_bound`. Remaining elements keep their values;
+    /// new ones are False, 0 and "".
+    /// \throws RuntimeError 9 for an upper bound below 0, 7 when memory cannot be had; nothing
+    ///         changes then
     void Resize(std::int32_t upper_bound);
 
     bool ColEditable(std::int32_t col) const;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "krv/platform/life.h"
+
+namespace krv {
+
+/// Raises a flag of a control for as long as it lives, then gives it back the value that it had,
+/// unless the control is gone by then.
+class FlagScope {
+public:
+    FlagScope(bool& flag, const platform::LifeToken& life)
+        : flag_(flag)
+        , watch_(life)
+        , before_(flag) {
+        flag_ = true;
+    }
+
+    FlagScope(const FlagScope&) = delete;
+    FlagScope& operator=(const FlagScope&) = delete;
+
+    ~FlagScope() {
+        if (!watch_.ended()) {
+            flag_ = before_;
+        }
+    }
+
+private:
+    bool& flag_;
+    platform::LifeWatch watch_;
+    bool before_;
+};
+
+} // namespace krv
