@@ -138,12 +138,12 @@ int AccessibleTable::rowCount() const {
 }
 
 std::pair<int, int> AccessibleTable::selected_row_range() const {
-    const auto [first, last] = std::minmax(grid().Row(), grid().RowSel());
+    const auto [first, last] = std::minmax({grid().Row(), grid().RowSel()});
     return {std::max(first, 1) - 1, last - 1};
 }
 
 std::pair<int, int> AccessibleTable::selected_column_range() const {
-    const auto [first, last] = std::minmax(grid().Col(), grid().ColSel());
+    const auto [first, last] = std::minmax({grid().Col(), grid().ColSel()});
     return {first, last};
 }
 

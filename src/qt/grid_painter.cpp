@@ -171,7 +171,7 @@ std::int32_t GridPainter::first_row_in(const GridGeometry& geometry, const QRect
 
 bool GridPainter::row_is_selected(std::int32_t row) const {
     // One cell that is current in a grid of free selection has the editor over it, or a mark.
-    const auto [first, last] = std::minmax(grid_.Row(), grid_.RowSel());
+    const auto [first, last] = std::minmax({grid_.Row(), grid_.RowSel()});
     return grid_.selection() == standard::GridSelection::by_row && row >= first && row <= last;
 }
 

@@ -276,7 +276,7 @@ void GridView::update_rows(std::int32_t first_row, std::int32_t last_row) {
 }
 
 void GridView::update_selection() {
-    const auto [first, last] = std::minmax(grid_.Row(), grid_.RowSel());
+    const auto [first, last] = std::minmax({grid_.Row(), grid_.RowSel()});
     const std::int32_t old_first = std::exchange(pending_->selected_first, first);
     const std::int32_t old_last = std::exchange(pending_->selected_last, last);
     update_rows(old_first, std::min(old_last, grid_.Rows() - 1));

@@ -74,6 +74,23 @@ TEST_P(GridScreenAfterAny, change_shows_what_drawing_from_scratch_shows) {
     }
 }
 
+TEST_F(GridScreen, is_right_when_rows_come_above_the_view_and_scrolling_follows_in_the_same_turn) {
+    add_rows(40);
+    grid.SetRowHeight(5, 1200);
+    show();
+    grid.SetTopRow(6);
+    turn();
+    // The top row keeps its number, so the tall row moves into the view: the offset is another one.
+    grid.AddItem("new\titem\there", 3);
+    grid.set_scroll_y(300);
+    expect_right_screen("an insertion and a scroll");
+    grid.set_scroll_y(1500);
+    turn();
+    grid.RemoveItem(2);
+    grid.set_scroll_y(100);
+    expect_right_screen("a removal and a scroll");
+}
+
 TEST_F(GridScreen, follows_a_load_and_an_emptying) {
     show();
     add_rows(500);
