@@ -16,9 +16,6 @@ bool HeadlessButton::is_clicked_by(std::int16_t key_code) const {
 void HeadlessButton::key_down(std::int16_t& key_code, std::int16_t& shift) {
     if (control() != nullptr) {
         control()->key_down(key_code, shift);
-    } else if (events_ != nullptr) {
-        const Activity activity(form());
-        events_->KeyDown(key_code, shift);
     }
 }
 

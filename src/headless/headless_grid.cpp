@@ -13,7 +13,7 @@ HeadlessGrid::HeadlessGrid(HeadlessForm& form,
                            HeadlessControl* control,
                            std::string name,
                            standard::GridSelection selection,
-                           GridKeys keys)
+                           standard::GridKeys keys)
     : GridFace(form.queue(), selection, form, control, std::move(name))
     , keys_(keys) {}
 
@@ -25,7 +25,7 @@ void HeadlessGrid::raise_row_col_change() {
 }
 
 void HeadlessGrid::key_down(std::int16_t& key_code, std::int16_t& shift) {
-    if (keys_ == GridKeys::surface && control() != nullptr) {
+    if (keys_ == standard::GridKeys::surface && control() != nullptr) {
         control()->key_down(key_code, shift);
     } else if (events() != nullptr) {
         const Activity activity(form());

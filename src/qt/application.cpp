@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPointer>
+#include <QTimer>
 
 namespace krv::qt {
 
@@ -44,11 +45,13 @@ platform::MessageAnswer QtApplication::MsgBox(std::string_view text,
                                               platform::MessageButtons buttons) {
     if (message_handler_) {
         const MessageHandler handler = message_handler_;
+        Yield(); // what waits comes while the box is up, before its answer
         return handler(text, buttons);
     }
     // The host may destroy the control while the box is open; the box goes with it then.
     const QPointer<QMessageBox> box =
         make_box(surface_->root().window(), text_of(Title()), text, buttons);
+    QTimer::singleShot(0, box, [surface = surface_] { surface->guard([&] { surface->turn(); }); });
     const int answer = box->exec();
     delete box;
     if (buttons == platform::MessageButtons::ok) {

@@ -100,9 +100,8 @@ void QtButton::press_key(QKeyEvent& event) {
     surface().key_acts([&] {
         std::int16_t code = key_code(event);
         std::int16_t shift = shift_state(event.modifiers());
-        if (events_ != nullptr && code != 0 && surface().has_focus(*this)) {
-            const std::shared_ptr<Surface> shared = surface().shared_from_this();
-            events_->KeyDown(code, shift);
+        if (code != 0 && surface().has_focus(*this)) {
+            surface().key_down(code, shift);
         }
         // Escape is the host's when the control left it alone: it closes dialogs.
         event.setAccepted(code == 0 || event.key() != Qt::Key_Escape);

@@ -62,10 +62,7 @@ void QtContainer::SetBackColor(platform::OleColor color) {
 }
 
 void QtContainer::SetFontSize(float points) {
-    if (!(points > 0)) {
-        throw platform::RuntimeError(
-            platform::error_number::invalid_property_value, "Invalid property value", "krvList3");
-    }
+    standard::require_font_size(points, "krvList3");
     font_size_ = points;
     QFont font = surface_.root().font();
     font.setPointSizeF(static_cast<double>(points));
@@ -81,8 +78,8 @@ void QtContainer::Repaint() {
 }
 
 void QtContainer::PropertyChanged(std::string_view name) {
-    if (on_property_changed_) {
-        on_property_changed_(name);
+    if (const auto handler = on_property_changed_) { // a copy: the handler may destroy the control
+        handler(name);
     }
 }
 

@@ -6,9 +6,13 @@
 
 namespace krv::qt {
 
-QtGrid::QtGrid(Surface& surface, std::string name, standard::GridSelection selection)
+QtGrid::QtGrid(Surface& surface,
+               std::string name,
+               standard::GridSelection selection,
+               standard::GridKeys keys)
     : Face(surface.queue(), selection, surface, std::move(name))
-    , view_(new GridView(flex(), &surface.root())) {
+    , view_(new GridView(flex(), &surface.root()))
+    , keys_(keys) {
     adopt(view_);
     surface.add(*this);
     view_->set_owner(this);
@@ -71,7 +75,11 @@ bool QtGrid::key_down(const QKeyEvent& event) {
     surface().key_acts([&] {
         if (!surface().has_focus(*this)) {
             code = 0;
-        } else if (events() != nullptr && code != 0) {
+        } else if (code == 0) {
+            return;
+        } else if (keys_ == standard::GridKeys::surface) {
+            surface().key_down(code, shift);
+        } else if (events() != nullptr) {
             events()->KeyDown(code, shift);
         }
     });

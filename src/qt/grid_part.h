@@ -10,7 +10,10 @@ namespace krv::qt {
 /// `Grid` or `GridIn`: the standard grid in a view of its own.
 class QtGrid : public standard::GridFace<QtPart<platform::Grid>>, private GridViewOwner {
 public:
-    QtGrid(Surface& surface, std::string name, standard::GridSelection selection);
+    QtGrid(Surface& surface,
+           std::string name,
+           standard::GridSelection selection,
+           standard::GridKeys keys);
     ~QtGrid();
 
     GridView& view() const noexcept { return *view_; }
@@ -38,6 +41,7 @@ private:
     bool tab_arrives() override { return surface().tab_reaches(*this); }
 
     GridView* view_;
+    standard::GridKeys keys_;
 };
 
 } // namespace krv::qt

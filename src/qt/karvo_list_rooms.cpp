@@ -1,8 +1,7 @@
 #include "qt/karvo_list_rooms.h"
 
 #include "krv/platform/error.h"
-
-#include <cmath>
+#include "krv/standard/editor_column.h"
 
 namespace krv::qt {
 
@@ -10,8 +9,6 @@ namespace {
 
 constexpr platform::TwipsSingle input_line_height = 510;
 constexpr platform::TwipsSingle button_height = 255;
-/// What the control adds to the left edge of a column when it places the editor over its cell.
-constexpr platform::Twips editor_offset = 35;
 
 /// Whether the region reads the text as a number.
 bool is_number(const platform::Formatter& formatter, std::string_view text) {
@@ -36,13 +33,13 @@ KarvoListWidget::Rooms::Rooms(KarvoListWidget& widget,
     , surface(Surface::make(widget))
     , application(surface)
     , container(*surface)
-    , grid(*surface, "Grid", standard::GridSelection::by_row)
-    , grid_in(*surface, "GridIn", standard::GridSelection::free)
+    , grid(*surface, "Grid", standard::GridSelection::by_row, standard::GridKeys::own_listener)
+    , grid_in(*surface, "GridIn", standard::GridSelection::free, standard::GridKeys::surface)
     , inp_fld(*surface, "InpFld")
     , btn_add(*surface, "btnAdd")
     , btn_insert(*surface, "btnInsert")
-    , btn_delete(*surface, "btnDelete")
     , btn_copy(*surface, "btnCopy")
+    , btn_delete(*surface, "btnDelete")
     , btn_ok(*surface, "btnOK")
     , line(*surface, "Line1") {
     for (QtButton* button : buttons()) {
@@ -50,11 +47,16 @@ KarvoListWidget::Rooms::Rooms(KarvoListWidget& widget,
     }
     grid_in.SetHeight(input_line_height);
     container.set_parts(
-        {&grid, &grid_in, &inp_fld, &btn_add, &btn_insert, &btn_delete, &btn_copy, &btn_ok, &line});
+        {&grid, &grid_in, &inp_fld, &btn_add, &btn_insert, &btn_copy, &btn_delete, &btn_ok, &line});
     name_parts();
     keep_columns_aligned();
     inp_fld.set_on_show([this] { show_edited_column(); });
     follow_current_row();
+    surface->set_on_key_down([this](std::int16_t& key_code, std::int16_t& shift) {
+        if (container.events() != nullptr) {
+            container.events()->KeyDown(key_code, shift);
+        }
+    });
     surface->set_on_exit_focus([this] {
         if (container.events() != nullptr) {
             container.events()->ExitFocus();
@@ -115,16 +117,14 @@ void KarvoListWidget::Rooms::keep_columns_aligned() {
 }
 
 void KarvoListWidget::Rooms::show_edited_column() {
-    const auto left = static_cast<platform::Twips>(std::lrint(inp_fld.Left())) - editor_offset;
-    for (std::int32_t col = 0; col < grid_in.Cols(); ++col) {
-        if (grid_in.ColPos(col) == left && grid_in.ColWidth(col) > 0) {
-            const std::string_view caption = grid_in.TextArray(col);
-            inp_fld.widget()->setAccessibleName(
-                QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
-            grid_in.flex().ensure_visible(-1, col);
-            return;
-        }
+    const std::int32_t col = standard::editor_column(grid_in, inp_fld);
+    if (col < 0) {
+        return;
     }
+    const std::string_view caption = grid_in.TextArray(col);
+    inp_fld.widget()->setAccessibleName(
+        QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
+    grid_in.flex().ensure_visible(-1, col);
 }
 
 void KarvoListWidget::Rooms::follow_current_row() {

@@ -35,8 +35,8 @@ struct KarvoListWidget::Rooms {
     QtTextBox inp_fld;
     QtButton btn_add;
     QtButton btn_insert;
-    QtButton btn_delete;
     QtButton btn_copy;
+    QtButton btn_delete;
     QtButton btn_ok;
     QtLine line;
     std::unique_ptr<KarvoList> list;

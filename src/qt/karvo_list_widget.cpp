@@ -10,13 +10,6 @@
 
 namespace krv::qt {
 
-namespace {
-
-constexpr double least_width_twips = 5055;
-constexpr double least_height_twips = 1800;
-
-} // namespace
-
 KarvoListWidget::KarvoListWidget(std::shared_ptr<platform::DataAccess> data_access,
                                  std::shared_ptr<const platform::Formatter> formatter,
                                  QWidget* parent)
@@ -60,7 +53,7 @@ QSize KarvoListWidget::sizeHint() const {
 
 QSize KarvoListWidget::minimumSizeHint() const {
     const Resolution resolution(logicalDpiX());
-    return {resolution.px(least_width_twips), resolution.px(least_height_twips)};
+    return {resolution.px(least_width), resolution.px(least_height)};
 }
 
 bool KarvoListWidget::event(QEvent* event) {
@@ -97,8 +90,8 @@ void KarvoListWidget::keyPressEvent(QKeyEvent* event) {
     std::int16_t code = key_code(*event);
     std::int16_t shift = shift_state(event->modifiers());
     rooms_->surface->key_acts([&] {
-        if (code != 0 && rooms_->container.events() != nullptr) {
-            rooms_->container.events()->KeyDown(code, shift);
+        if (code != 0) {
+            rooms_->surface->key_down(code, shift);
         }
     });
     event->setAccepted(code == 0 || event->key() != Qt::Key_Escape);

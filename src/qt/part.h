@@ -93,10 +93,7 @@ public:
     float FontSize() const override { return font_size_; }
 
     void SetFontSize(float points) override {
-        if (!(points > 0)) {
-            throw platform::RuntimeError(
-                platform::error_number::invalid_property_value, "Invalid property value", name_);
-        }
+        standard::require_font_size(points, name_);
         font_size_ = points;
         QFont font = widget_->font();
         font.setPointSizeF(static_cast<double>(points));

@@ -39,6 +39,7 @@ void Surface::close() noexcept {
     focused_ = nullptr;
     key_begins_ = nullptr;
     on_exit_focus_ = nullptr;
+    on_key_down_ = nullptr;
 }
 
 void Surface::turn() {

@@ -97,6 +97,17 @@ public:
     /// Called in a turn when the focus has left the control and is still elsewhere.
     void set_on_exit_focus(std::function<void()> handler) { on_exit_focus_ = std::move(handler); }
 
+    /// Handles the keys of the surface and of the parts that leave theirs to it.
+    void set_on_key_down(std::function<void(std::int16_t&, std::int16_t&)> handler) {
+        on_key_down_ = std::move(handler);
+    }
+
+    void key_down(std::int16_t& key_code, std::int16_t& shift) const {
+        if (const auto handler = on_key_down_) { // a copy: the handler may close the surface
+            handler(key_code, shift);
+        }
+    }
+
     void set_error_handler(ErrorHandler handler) { error_handler_ = std::move(handler); }
 
     /// Hands the error to the host's handler, else to the log. Never throws.
@@ -121,6 +132,7 @@ private:
     bool planned_ = false;
     std::function<std::function<void()>()> key_begins_;
     std::function<void()> on_exit_focus_;
+    std::function<void(std::int16_t&, std::int16_t&)> on_key_down_;
     ErrorHandler error_handler_;
     QMetaObject::Connection focus_watch_;
 };

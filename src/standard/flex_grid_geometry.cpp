@@ -1,6 +1,5 @@
 #include "krv/standard/flex_grid.h"
 
-#include "krv/platform/error.h"
 #include "standard/column_measures.h"
 #include "standard/grid_errors.h"
 #include "standard/row_heights.h"
@@ -90,10 +89,7 @@ void FlexGrid::SetColAlignment(std::int32_t col, std::int16_t alignment) {
 }
 
 void FlexGrid::SetFontSize(float points) {
-    constexpr float largest = 2160;
-    if (!(points > 0 && points <= largest)) {
-        fail(platform::error_number::invalid_property_value, "Invalid property value");
-    }
+    require_font_size(points, name_);
     const Stand before = stand();
     font_size_ = points;
     heights_->set_default(default_row_height_twips(points));

@@ -91,9 +91,9 @@ TEST_F(Destroying, inside_enter_on_a_button) {
 
 TEST_F(Destroying, inside_a_key_on_a_button) {
     button->SetFocus();
-    destroy_at("button key");
+    destroy_at("surface key");
     QTest::sendKeyEvent(QTest::Press, button->widget(), Qt::Key_F5, QString(), Qt::NoModifier);
-    expect_gone_after("button key");
+    expect_gone_after("surface key");
 }
 
 TEST_F(Destroying, inside_a_queued_notification) {

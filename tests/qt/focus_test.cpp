@@ -168,7 +168,7 @@ TEST_F(Focus, other_keys_on_a_button_and_keys_on_a_grid_are_told) {
     QTest::keyClick(button->widget(), Qt::Key_F5);
     grid->SetFocus();
     QTest::keyClick(grid->widget(), Qt::Key_Down);
-    EXPECT_EQ(take(), (Told{"button key 116", "grid key 40"}));
+    EXPECT_EQ(take(), (Told{"surface key 116", "grid key 40"}));
 }
 
 TEST_F(Focus, a_disabled_button_is_not_clicked) {

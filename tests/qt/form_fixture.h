@@ -68,10 +68,6 @@ protected:
 
         void Click() override { test.tell("click"); }
 
-        void KeyDown(std::int16_t& code, std::int16_t&) override {
-            test.tell("button key " + std::to_string(code));
-        }
-
         FormTest& test;
     };
 
@@ -99,7 +95,10 @@ protected:
         , control(new QWidget(form.get()))
         , other(new QLineEdit(form.get()))
         , surface(Surface::make(*control))
-        , grid(std::make_unique<QtGrid>(*surface, "Grid", standard::GridSelection::by_row))
+        , grid(std::make_unique<QtGrid>(*surface,
+                                        "Grid",
+                                        standard::GridSelection::by_row,
+                                        standard::GridKeys::own_listener))
         , box(std::make_unique<QtTextBox>(*surface, "InpFld"))
         , button(std::make_unique<QtButton>(*surface, "btnAdd")) {
         form->resize(400, 300);
@@ -121,6 +120,9 @@ protected:
             }
         });
         surface->set_on_exit_focus([this] { tell("exit"); });
+        surface->set_on_key_down([this](std::int16_t& code, std::int16_t&) {
+            tell("surface key " + std::to_string(code));
+        });
     }
 
     ~FormTest() override { destroy(); }

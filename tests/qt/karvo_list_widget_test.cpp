@@ -183,6 +183,20 @@ TEST_F(ListWidget, may_be_destroyed_while_it_shows_a_message) {
     EXPECT_EQ(widget, nullptr);
 }
 
+TEST_F(ListWidget, tab_walks_the_parts_in_their_order_on_the_form) {
+    const QStringList order = {
+        "Grid", "GridIn", "InpFld", "btnAdd", "btnInsert", "btnCopy", "btnDelete", "btnOK"};
+    QStringList walked;
+    QWidget* at = &part("Grid");
+    for (int step = 0; step < 40 && walked.size() < order.size(); ++step) {
+        if (order.contains(at->objectName()) && !walked.contains(at->objectName())) {
+            walked.append(at->objectName());
+        }
+        at = at->nextInFocusChain();
+    }
+    EXPECT_EQ(walked, order);
+}
+
 TEST_F(ListWidget, a_click_selects_a_row_of_the_list) {
     widget->show();
     fill(5);

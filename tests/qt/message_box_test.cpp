@@ -62,11 +62,24 @@ TEST_F(MessageBoxes, deliver_what_is_queued_and_take_the_focus_from_nobody) {
     box->SetFocus();
     turn();
     told.clear();
+    surface->queue().post(box->life(), [this] {
+        application.MsgBox("so it is", MessageButtons::ok);
+        tell("answered");
+    });
     surface->queue().post(box->life(), [this] { tell("queued"); });
-    then([](QMessageBox& shown) { shown.close(); });
+    then([](QMessageBox& shown) { QTimer::singleShot(0, &shown, [&shown] { shown.close(); }); });
+    surface->turn();
+    EXPECT_EQ(take(), (Told{"queued", "answered"}));
+}
+
+TEST_F(MessageBoxes, deliver_what_is_queued_before_a_host_answers_in_their_place) {
+    surface->queue().post(box->life(), [this] { tell("queued"); });
+    application.set_message_handler([this](std::string_view, MessageButtons) {
+        tell("answered");
+        return MessageAnswer::ok;
+    });
     application.MsgBox("so it is", MessageButtons::ok);
-    turn();
-    EXPECT_EQ(take(), Told{"queued"});
+    EXPECT_EQ(take(), (Told{"queued", "answered"}));
 }
 
 TEST_F(MessageBoxes, outlive_the_control_under_them) {

@@ -74,7 +74,10 @@ public:
 
     float FontSize() const override { return font_size_; }
 
-    void SetFontSize(float points) override { font_size_ = points; }
+    void SetFontSize(float points) override {
+        standard::require_font_size(points, "krvList3");
+        font_size_ = points;
+    }
 
     platform::TwipsSingle TextHeight(std::string_view text) const override;
 

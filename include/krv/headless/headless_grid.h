@@ -9,9 +9,6 @@
 
 namespace krv::headless {
 
-/// Who handles the keys that go down on a grid: its own listener, or the control's surface.
-enum class GridKeys { own_listener, surface };
-
 /// A grid without a screen: the standard grid, fed with a person's mouse and keys. All of its size
 /// shows cells.
 class HeadlessGrid final : public standard::GridFace<HeadlessPart<platform::Grid>> {
@@ -20,7 +17,7 @@ public:
                  HeadlessControl* control,
                  std::string name,
                  standard::GridSelection selection,
-                 GridKeys keys);
+                 standard::GridKeys keys);
 
     void key_down(std::int16_t& key_code, std::int16_t& shift) override;
     /// Page up, page down, Home and End scroll; the arrows do nothing by themselves.
@@ -39,7 +36,7 @@ protected:
 private:
     void raise_row_col_change() override;
 
-    GridKeys keys_;
+    standard::GridKeys keys_;
 };
 
 } // namespace krv::headless

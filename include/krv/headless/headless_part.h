@@ -56,7 +56,10 @@ public:
 
     float FontSize() const override { return state().font_size; }
 
-    void SetFontSize(float points) override { changeable_state().font_size = points; }
+    void SetFontSize(float points) override {
+        standard::require_font_size(points, name());
+        changeable_state().font_size = points;
+    }
 
     void SetFocus() override { take_focus(); }
 };

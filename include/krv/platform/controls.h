@@ -48,6 +48,7 @@ public:
 
     /// Points; 8.25 at first.
     virtual float FontSize() const = 0;
+    /// \throws RuntimeError 380 for points not above 0 or above 2160
     virtual void SetFontSize(float points) = 0;
 
     /// Moves the focus here; nothing happens when it is here already.
@@ -111,13 +112,12 @@ public:
     virtual void SetEvents(TextBoxEvents* events) = 0;
 };
 
-/// What a button tells its owner.
+/// What a button tells its owner. Its keys go to the control's surface.
 class ButtonEvents {
 public:
     /// A person clicked it, or pressed Enter or Space on it. Never raised by code.
     virtual void Click() {}
 
-    virtual void KeyDown(std::int16_t& /*key_code*/, std::int16_t& /*shift*/) {}
 
 protected:
     ~ButtonEvents() = default;

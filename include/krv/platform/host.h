@@ -38,7 +38,7 @@ public:
     /// The host gave the control another size.
     virtual void Resize() {}
 
-    /// A key went down while the control itself had the focus.
+    /// A key went down on the control itself, on a function button or on the input line's grid.
     virtual void KeyDown(std::int16_t& /*key_code*/, std::int16_t& /*shift*/) {}
 
     /// Queued: the control as a whole lost the focus.
@@ -65,6 +65,7 @@ public:
 
     /// Points; 8.25 at first.
     virtual float FontSize() const = 0;
+    /// \throws RuntimeError 380 for points not above 0 or above 2160
     virtual void SetFontSize(float points) = 0;
     /// Height of the text in the control's font: 195 x size / 8.25 twips, rounded to a multiple
     /// of 15.

@@ -11,6 +11,9 @@
 
 namespace krv::standard {
 
+/// Who handles the keys that go down on a grid: its own listener, or the control's surface.
+enum class GridKeys { own_listener, surface };
+
 /// A backend's grid: the standard grid under the names of `platform::Grid`.
 ///
 /// `PartBase` derives from `platform::Grid` and implements the members of `platform::Part`; they
