@@ -95,10 +95,8 @@ protected:
         , control(new QWidget(form.get()))
         , other(new QLineEdit(form.get()))
         , surface(Surface::make(*control))
-        , grid(std::make_unique<QtGrid>(*surface,
-                                        "Grid",
-                                        standard::GridSelection::by_row,
-                                        standard::GridKeys::own_listener))
+        , grid(std::make_unique<QtGrid>(
+              *surface, "Grid", standard::GridSelection::by_row, standard::GridKeys::own_listener))
         , box(std::make_unique<QtTextBox>(*surface, "InpFld"))
         , button(std::make_unique<QtButton>(*surface, "btnAdd")) {
         form->resize(400, 300);

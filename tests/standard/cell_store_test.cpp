@@ -1,4 +1,4 @@
-#include "standard/cell_store.h"
+#include "standard/grid/cell_store.h"
 
 #include "support/scarce_memory.h"
 

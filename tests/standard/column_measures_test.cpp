@@ -1,4 +1,4 @@
-#include "standard/column_measures.h"
+#include "standard/grid/column_measures.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

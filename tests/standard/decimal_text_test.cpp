@@ -1,6 +1,6 @@
-#include "standard/decimal_text.h"
+#include "standard/formatting/decimal_text.h"
 
-#include "standard/number_writer.h"
+#include "standard/formatting/number_writer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "standard/exact_number.h"
+#include "standard/ado/exact_number.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "standard/fixed_number.h"
+#include "standard/formatting/fixed_number.h"
 
-#include "standard/built_in_regions.h"
 #include "standard/formatter_support.h"
-#include "standard/number_writer.h"
-#include "standard/numeric_pattern.h"
+#include "standard/formatting/built_in_regions.h"
+#include "standard/formatting/number_writer.h"
+#include "standard/formatting/numeric_pattern.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "krv/platform/error.h"
 #include "krv/standard/regional_settings.h"
-#include "standard/number_reader.h"
-#include "standard/val.h"
+#include "standard/formatting/number_reader.h"
+#include "standard/formatting/val.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "krv/standard/regional_settings.h"
 
 #include "krv/platform/error.h"
+#include "standard/formatting/locale_settings.h"
 #include "standard/letter_case.h"
-#include "standard/locale_settings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

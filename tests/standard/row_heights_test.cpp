@@ -1,4 +1,4 @@
-#include "standard/row_heights.h"
+#include "standard/grid/row_heights.h"
 
 #include "support/scarce_memory.h"
 

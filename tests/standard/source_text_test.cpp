@@ -1,4 +1,4 @@
-#include "standard/source_text.h"
+#include "standard/ado/source_text.h"
 
 #include <gmock/gmock.h>
 

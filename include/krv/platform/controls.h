@@ -118,7 +118,6 @@ public:
     /// A person clicked it, or pressed Enter or Space on it. Never raised by code.
     virtual void Click() {}
 
-
 protected:
     ~ButtonEvents() = default;
 };

@@ -1,7 +1,7 @@
 #include "krv/standard/data_error.h"
 #include "providers/sqlite/statement.h"
-#include "standard/date_text.h"
-#include "standard/decimal_text.h"
+#include "standard/ado/date_text.h"
+#include "standard/formatting/decimal_text.h"
 
 #include <string>
 

@@ -1,8 +1,8 @@
 #include "providers/sqlite/catalog.h"
 
 #include "providers/sqlite/statement.h"
+#include "standard/ado/source_text.h"
 #include "standard/letter_case.h"
-#include "standard/source_text.h"
 
 #include <algorithm>
 #include <string>

@@ -1,9 +1,9 @@
 #include "providers/sqlite/column_value.h"
 
+#include "standard/ado/date_text.h"
+#include "standard/ado/exact_number.h"
+#include "standard/ado/field_types.h"
 #include "standard/ascii.h"
-#include "standard/date_text.h"
-#include "standard/exact_number.h"
-#include "standard/field_types.h"
 
 #include <cmath>
 #include <limits>

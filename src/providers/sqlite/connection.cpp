@@ -4,7 +4,7 @@
 #include "providers/sqlite/catalog.h"
 #include "providers/sqlite/cursor.h"
 #include "providers/sqlite/statement.h"
-#include "standard/source_text.h"
+#include "standard/ado/source_text.h"
 
 namespace krv::providers::sqlite {
 

@@ -2,7 +2,7 @@
 
 #include "providers/sqlite/column_value.h"
 #include "providers/sqlite/declared_type.h"
-#include "standard/field_types.h"
+#include "standard/ado/field_types.h"
 #include "standard/utf8.h"
 
 #include <utility>

@@ -1,7 +1,7 @@
 #include "providers/sqlite/declared_type.h"
 
+#include "standard/ado/field_types.h"
 #include "standard/ascii.h"
-#include "standard/field_types.h"
 
 #include <algorithm>
 #include <iterator>

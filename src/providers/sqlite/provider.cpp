@@ -2,8 +2,8 @@
 
 #include "krv/standard/data_error.h"
 #include "providers/sqlite/connection.h"
+#include "standard/ado/file_kind.h"
 #include "standard/ascii.h"
-#include "standard/file_kind.h"
 
 #include <charconv>
 #include <string>
