@@ -130,7 +130,7 @@ void refresh(benchmark::State& state) {
                                "quantita",
                                "prezzo",
                                "totale",
-                               "nota",
+                               "peso",
                                "stato"};
     list.SetCols(columns);
     for (int column = 0; column < columns; ++column) {

@@ -72,7 +72,7 @@ void bind_row(sqlite3_stmt* statement, std::int64_t id) {
     sqlite3_bind_int64(statement, 6, 1 + id % 40);
     sqlite3_bind_double(statement, 7, price);
     sqlite3_bind_double(statement, 8, price * static_cast<double>(1 + id % 40));
-    bind_text(statement, 9, id % 3 == 0 ? "consegna urgente" : "");
+    sqlite3_bind_double(statement, 9, static_cast<double>(id * 31 % 90000) / 1000);
     bind_text(statement, 10, id % 2 == 0 ? "spedito" : "in attesa");
 }
 
@@ -83,7 +83,7 @@ void make_file(const std::string& path, std::int64_t rows) {
                        "PRAGMA synchronous = OFF; BEGIN;"
                        "CREATE TABLE righe (id INTEGER, codice VARCHAR(12), cliente VARCHAR(40),"
                        " citta VARCHAR(30), data DATE, quantita INTEGER, prezzo REAL, totale REAL,"
-                       " nota VARCHAR(60), stato VARCHAR(12))",
+                       " peso REAL, stato VARCHAR(12))",
                        nullptr,
                        nullptr,
                        nullptr),

@@ -1,33 +1,9 @@
 #include "control/column_model.h"
 
-#include "control/failures.h"
-
 #include <exception>
 #include <utility>
 
 namespace krv {
-
-namespace {
-
-template <class Array>
-std::size_t index_in(const Array& array, std::int32_t col) {
-    if (col < 0 || static_cast<std::size_t>(col) >= array.size()) {
-        fail_subscript();
-    }
-    return static_cast<std::size_t>(col);
-}
-
-template <class Array>
-auto& at(Array& array, std::int32_t col) {
-    return array[index_in(array, col)];
-}
-
-void set_tag_at(std::vector<std::int16_t>& array, std::int32_t col, krvListRecords value) {
-    auto& element = at(array, col);
-    element = narrow<std::int16_t>(value);
-}
-
-} // namespace
 
 void ColumnModel::Resize(std::int32_t upper_bound) {
     if (upper_bound < 0) {
@@ -62,35 +38,29 @@ void ColumnModel::SetColEditable(std::int32_t col, bool value) {
 }
 
 krvListRecords ColumnModel::ColFromRecord(std::int32_t col) const {
-    return static_cast<krvListRecords>(at(from_record_, col));
+    return static_cast<krvListRecords>(from_record_[index_in(from_record_, col)]);
 }
 
 void ColumnModel::SetColFromRecord(std::int32_t col, krvListRecords value) {
-    set_tag_at(from_record_, col, value);
-}
-
-const std::string& ColumnModel::ColDataField(std::int32_t col) const {
-    return at(data_field_, col);
+    auto& element = from_record_[index_in(from_record_, col)];
+    element = narrow<std::int16_t>(value);
 }
 
 void ColumnModel::SetColDataField(std::int32_t col, std::string value) {
-    at(data_field_, col) = std::move(value);
+    data_field_[index_in(data_field_, col)] = std::move(value);
 }
 
 krvListRecords ColumnModel::ColIsKey(std::int32_t col) const {
-    return static_cast<krvListRecords>(at(is_key_, col));
+    return static_cast<krvListRecords>(is_key_[index_in(is_key_, col)]);
 }
 
 void ColumnModel::SetColIsKey(std::int32_t col, krvListRecords value) {
-    set_tag_at(is_key_, col, value);
-}
-
-const std::string& ColumnModel::ColFormat(std::int32_t col) const {
-    return at(format_, col);
+    auto& element = is_key_[index_in(is_key_, col)];
+    element = narrow<std::int16_t>(value);
 }
 
 void ColumnModel::SetColFormat(std::int32_t col, std::string value) {
-    at(format_, col) = std::move(value);
+    format_[index_in(format_, col)] = std::move(value);
 }
 
 bool ColumnModel::ColIsNecessary(std::int32_t col) const {
@@ -102,19 +72,19 @@ void ColumnModel::SetColIsNecessary(std::int32_t col, bool value) {
 }
 
 std::int16_t ColumnModel::ColFieldLength(std::int32_t col) const {
-    return at(field_length_, col);
+    return field_length_[index_in(field_length_, col)];
 }
 
 void ColumnModel::SetColFieldLength(std::int32_t col, std::int16_t value) {
-    at(field_length_, col) = value;
+    field_length_[index_in(field_length_, col)] = value;
 }
 
 std::int16_t ColumnModel::ColFieldType(std::int32_t col) const {
-    return at(field_type_, col);
+    return field_type_[index_in(field_type_, col)];
 }
 
 void ColumnModel::SetColFieldType(std::int32_t col, std::int16_t value) {
-    at(field_type_, col) = value;
+    field_type_[index_in(field_type_, col)] = value;
 }
 
 } // namespace krv

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "control/failures.h"
+
 #include "krv/control/enumerations.h"
 
 #include <cstdint>
@@ -26,14 +28,20 @@ public:
     krvListRecords ColFromRecord(std::int32_t col) const;
     /// \throws RuntimeError 6 outside -32768 to 32767; the column is tested first
     void SetColFromRecord(std::int32_t col, krvListRecords value);
+
     /// Valid until the column's field or the columns change.
-    const std::string& ColDataField(std::int32_t col) const;
+    const std::string& ColDataField(std::int32_t col) const {
+        return data_field_[index_in(data_field_, col)];
+    }
+
     void SetColDataField(std::int32_t col, std::string value);
     krvListRecords ColIsKey(std::int32_t col) const;
     /// \throws RuntimeError 6 outside -32768 to 32767; the column is tested first
     void SetColIsKey(std::int32_t col, krvListRecords value);
+
     /// Valid until the column's format or the columns change.
-    const std::string& ColFormat(std::int32_t col) const;
+    const std::string& ColFormat(std::int32_t col) const { return format_[index_in(format_, col)]; }
+
     void SetColFormat(std::int32_t col, std::string value);
     bool ColIsNecessary(std::int32_t col) const;
     void SetColIsNecessary(std::int32_t col, bool value);
@@ -43,6 +51,14 @@ public:
     void SetColFieldType(std::int32_t col, std::int16_t value);
 
 private:
+    template <class Array>
+    static std::size_t index_in(const Array& array, std::int32_t col) {
+        if (col < 0 || static_cast<std::size_t>(col) >= array.size()) {
+            fail_subscript();
+        }
+        return static_cast<std::size_t>(col);
+    }
+
     std::vector<bool> editable_;
     std::vector<std::int16_t> from_record_;
     std::vector<std::string> data_field_;

@@ -63,6 +63,26 @@ std::string_view RowChunk::text(std::int32_t row, std::int32_t col) const noexce
     return {record + layout.texts_at() + begin, layout.begin(record, column + 1) - begin};
 }
 
+// A row that is filled from left to right, the last in the buffer.
+inline bool RowChunk::append_text(std::uint32_t at,
+                                  RecordLayout layout,
+                                  std::uint32_t col,
+                                  std::string_view text) noexcept {
+    char* record = buffer_.data() + at;
+    const std::size_t old_end = layout.begin(record, layout.used);
+    if (col >= layout.places || at + layout.bytes(old_end) != buffer_.size() ||
+        text.size() > buffer_.capacity() - buffer_.size() || !layout.holds(old_end + text.size())) {
+        return text.empty();
+    }
+    for (; layout.used < col; ++layout.used) {
+        layout.set_end(record, layout.used, old_end);
+    }
+    layout.set_end(record, layout.used++, old_end + text.size());
+    layout.write(record);
+    buffer_.append(text);
+    return true;
+}
+
 void RowChunk::set_text(std::int32_t row,
                         std::int32_t col,
                         std::string_view text,
@@ -79,26 +99,6 @@ void RowChunk::set_text(std::int32_t row,
     if (!text.empty()) {
         rewrite(row, column, text, cols);
     }
-}
-
-// A row that is filled from left to right, the last in the buffer.
-bool RowChunk::append_text(std::uint32_t at,
-                           RecordLayout layout,
-                           std::uint32_t col,
-                           std::string_view text) noexcept {
-    char* record = buffer_.data() + at;
-    const std::size_t old_end = layout.begin(record, layout.used);
-    if (col >= layout.places || at + layout.bytes(old_end) != buffer_.size() ||
-        text.size() > buffer_.capacity() - buffer_.size() || !layout.holds(old_end + text.size())) {
-        return text.empty();
-    }
-    for (; layout.used < col; ++layout.used) {
-        layout.set_end(record, layout.used, old_end);
-    }
-    layout.set_end(record, layout.used++, old_end + text.size());
-    layout.write(record);
-    buffer_.append(text);
-    return true;
 }
 
 // Does what needs no memory: the text does not grow, or its record is the last and there is room
