@@ -1,5 +1,7 @@
 #include "providers/sqlite_fixture.h"
 
+#include <limits>
+
 namespace krv::providers {
 namespace {
 
@@ -131,6 +133,8 @@ TEST_F(SqliteExecute, what_cannot_be_bound_is_13_and_runs_nothing) {
               13);
     EXPECT_EQ(error("INSERT INTO t (v) VALUES (?)", {Value(ValueView::date({2958466}))}), 13);
     EXPECT_EQ(error("INSERT INTO t (v) VALUES (?)", {Value(ValueView::date({-1e300}))}), 13);
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(error("INSERT INTO t (v) VALUES (?)", {Value(ValueView::double_float(nan))}), 13);
     EXPECT_THAT(values(), IsEmpty());
 }
 

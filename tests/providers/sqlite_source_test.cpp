@@ -113,6 +113,21 @@ TEST_F(SqliteSource, statements_that_read_are_read) {
     EXPECT_THAT(cells("select name from sqlite_master"), ElementsAre("'persone'"));
 }
 
+TEST_F(SqliteSource, a_pragma_that_would_run_inside_a_select_changes_nothing) {
+    krv::testing::OtherProcess(path()).run(
+        "CREATE TABLE cercata (a, b); INSERT INTO cercata VALUES (1, 2);"
+        "CREATE INDEX per_a ON cercata (a); CREATE INDEX per_b ON cercata (b)");
+    const auto before = read_file(path());
+    for (const char* sql :
+         {"SELECT * FROM pragma_optimize, (SELECT 1 FROM cercata WHERE a = 5 AND b = 3 LIMIT 1)",
+          "SELECT (SELECT count(*) FROM cercata WHERE a = 5 AND b = 3) x, o.* FROM"
+          " pragma_optimize o",
+          "SELECT * FROM pragma_user_version"}) {
+        EXPECT_EQ(source_error(sql), bad_statement) << sql;
+    }
+    EXPECT_EQ(read_file(path()), before);
+}
+
 TEST_F(SqliteSource, a_statement_that_acts_is_refused_and_does_nothing) {
     const std::string other = path("altro.db");
     const auto before = read_file(path());

@@ -100,6 +100,9 @@ TEST_F(SqliteTypes, names_that_SQLite_would_not_parse_itself_are_known_all_the_s
     EXPECT_EQ(declared_type("AUTOINCREMENT"), (ColumnType{3, 4}));
     EXPECT_EQ(declared_type("VARCHAR(MAX)"), (ColumnType{203, 536870910}));
     EXPECT_EQ(declared_type("VARCHAR("), (ColumnType{203, 536870910}));
+    EXPECT_EQ(declared_type("varchar](50"), (ColumnType{202, 50}));
+    EXPECT_EQ(declared_type("[nvarchar](50)"), (ColumnType{202, 50}));
+    EXPECT_EQ(declared_type("\"money\""), (ColumnType{6, 8}));
     EXPECT_EQ(declared_type("UNSIGNED"), (ColumnType{131, 19}));
     EXPECT_EQ(declared_type("(5)"), (ColumnType{131, 19}));
     EXPECT_EQ(declared_type(" "), (ColumnType{}));

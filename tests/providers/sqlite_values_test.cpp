@@ -3,8 +3,10 @@
 namespace krv::providers {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::Each;
 using ::testing::ElementsAre;
+using ::testing::SizeIs;
 
 using SqliteValues = SqliteTest;
 
@@ -63,7 +65,8 @@ TEST_F(SqliteValues, reals_are_native) {
 TEST_F(SqliteValues, booleans_are_numbers_and_words) {
     EXPECT_THAT(column("BOOLEAN", {"1", "-1", "0", "'true'", "'T'", "'Yes'", "'y'", "'on'"}),
                 ElementsAre("True", "True", "False", "True", "True", "True", "True", "True"));
-    EXPECT_THAT(column("BIT", {"'FALSE'", "'f'", "'no'", "'N'", "'off'"}), Each("False"));
+    EXPECT_THAT(column("BIT", {"'FALSE'", "'f'", "'no'", "'N'", "'off'"}),
+                AllOf(SizeIs(5), Each("False")));
     EXPECT_THAT(column("YESNO", {"2", "'vero'", "0.5", "x'01'"}),
                 ElementsAre("Long 2", "'vero'", "Double 0.5", "bytes 1"));
 }
@@ -176,13 +179,21 @@ TEST_F(SqliteValues, times_are_times_of_day_0) {
                 ElementsAre("'24:00'", "'-838:59:59'", "Date 45356.5"));
 }
 
+TEST_F(SqliteValues, the_last_instant_of_a_day_stays_a_date_of_that_day_or_begins_the_next) {
+    EXPECT_THAT(column("DATETIME",
+                       {"'9999-12-31 23:59:59.999999'",
+                        "'1899-12-29 23:59:59.999999999999'",
+                        "'1850-01-01 23:59:59.9999999'"}),
+                ElementsAre("Date 2958465.9999999995", "Date 0", "Date -18259"));
+}
+
 TEST_F(SqliteValues, GUIDs_have_braces_hyphens_and_capitals) {
     EXPECT_THAT(column("GUID",
                        {"'00112233-4455-6677-8899-aabbccddeeff'",
                         "'{00112233-4455-6677-8899-AABBCCDDEEFF}'",
                         "'00112233445566778899aabbccddeeff'",
                         "x'00112233445566778899AABBCCDDEEFF'"}),
-                Each("'{00112233-4455-6677-8899-AABBCCDDEEFF}'"));
+                AllOf(SizeIs(4), Each("'{00112233-4455-6677-8899-AABBCCDDEEFF}'")));
     EXPECT_THAT(column("UUID", {"'nessuno'", "'{0011}'", "x'0011'"}),
                 ElementsAre("'nessuno'", "'{0011}'", "bytes 0 17"));
 }

@@ -127,6 +127,8 @@ TEST(ConnectionString, of_a_repeated_keyword_the_last_value_counts) {
 
 TEST(ConnectionString, two_providers_that_differ_are_refused) {
     EXPECT_EQ(parse_error("Provider=SQLite;provider=MSDASQL"), -2147217805);
+    EXPECT_EQ(ConnectionString::parse("Provider=;Provider=SQLite").value("Provider"), "SQLite");
+    EXPECT_EQ(ConnectionString::parse("Provider=SQLite;Provider=").value("Provider"), "SQLite");
     EXPECT_EQ(ConnectionString::parse("Provider=SQLite;provider=sqlite").value("Provider"),
               "sqlite");
 }

@@ -91,7 +91,7 @@ public:
     virtual ~Provider() = default;
 
     /// \throws DataError -2147467259 with the engine's text, -2147217843 for a refused login,
-    ///         -2147217805 for a setting that it cannot understand. Nothing is created or changed.
+    ///         -2147217805 for a setting that it cannot understand. No database is made.
     virtual std::unique_ptr<ProviderConnection> open(const ConnectionString& settings) = 0;
 };
 

@@ -26,8 +26,8 @@ public:
     /// whose first bytes decide between SQLite and Jet, not its ending.
     /// \throws DataError 3706 for another provider, 3251 for a keyword that cannot be served (`File
     ///         Name`, `URL`, `Remote Provider`, `Remote Server`), -2147467259 for a file that is
-    ///         missing, cannot be read or is no database, and what the provider throws. No file is
-    ///         created or changed.
+    ///         missing, cannot be read or is no database, and what the provider throws. No database
+    ///         is made.
     std::unique_ptr<ProviderConnection> open(const ConnectionString& settings) const;
 
 private:

@@ -31,6 +31,13 @@ bool is_describing_pragma(const char* name) {
     return holds(names, name);
 }
 
+/// Pragmas can be read as tables; most of them do something then.
+bool is_acting_table(const char* name) {
+    constexpr std::string_view prefix = "pragma_";
+    const std::string_view table = name;
+    return table.substr(0, prefix.size()) == prefix && !is_describing_pragma(name + prefix.size());
+}
+
 /// Functions that act although they stand in a SELECT.
 bool is_acting_function(const char* name) {
     constexpr std::string_view names[] = {"load_extension", "fts3_tokenizer", "optimize"};
@@ -50,9 +57,10 @@ int authorize(void* data,
     }
     switch (action) {
     case SQLITE_SELECT:
-    case SQLITE_READ:
     case SQLITE_RECURSIVE:
         return SQLITE_OK;
+    case SQLITE_READ:
+        return is_acting_table(first) ? SQLITE_DENY : SQLITE_OK;
     case SQLITE_INSERT:
     case SQLITE_UPDATE:
     case SQLITE_DELETE:

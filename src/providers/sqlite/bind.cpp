@@ -3,6 +3,7 @@
 #include "standard/ado/date_text.h"
 #include "standard/formatting/decimal_text.h"
 
+#include <cmath>
 #include <string>
 
 namespace krv::providers::sqlite {
@@ -28,6 +29,13 @@ std::string plain_text(const DecimalText& number) {
     return result;
 }
 
+int bind_double(sqlite3_stmt* statement, int index, double value) {
+    if (std::isnan(value)) {
+        mismatch(); // SQLite would store Null
+    }
+    return sqlite3_bind_double(statement, index, value);
+}
+
 int bind_text(sqlite3_stmt* statement, int index, std::string_view text) {
     // A null pointer would bind Null instead of the empty text.
     const char* data = text.data() == nullptr ? "" : text.data();
@@ -35,7 +43,7 @@ int bind_text(sqlite3_stmt* statement, int index, std::string_view text) {
 }
 
 /// Without a loss: as a whole number, else as a Double while its 15 digits hold everything, else as
-/// its text.
+/// its text. A column that SQLite itself makes numeric turns that text into a Double again.
 int bind_decimal(sqlite3_stmt* statement, int index, const DecimalText& number) {
     if (number.decimals() == 0 && number.point <= 18) {
         std::int64_t value = 0;
@@ -78,9 +86,9 @@ int bind_value(sqlite3_stmt* statement, int index, platform::ValueView value) {
     case ValueKind::long_long:
         return sqlite3_bind_int64(statement, index, value.as_whole());
     case ValueKind::single:
-        return sqlite3_bind_double(statement, index, static_cast<double>(value.as_single()));
+        return bind_double(statement, index, static_cast<double>(value.as_single()));
     case ValueKind::double_float:
-        return sqlite3_bind_double(statement, index, value.as_double());
+        return bind_double(statement, index, value.as_double());
     case ValueKind::currency:
         return bind_decimal(statement, index, standard::decimal_text(value.as_currency()));
     case ValueKind::decimal:

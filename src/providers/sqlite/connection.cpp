@@ -31,7 +31,7 @@ void bind_all(Statement& statement, std::span<const platform::Value> parameters)
 }
 
 Statement prepared_to_read(Database& database, std::string_view sql) {
-    const ReadOnlyPreparation guard(database);
+    const ReadOnlyScope guard(database);
     try {
         return Statement(database, sql);
     } catch (const standard::DataError& error) {
@@ -63,7 +63,7 @@ std::unique_ptr<standard::ProviderCursor> Connection::open_query(std::string_vie
     if (sqlite3_bind_parameter_count(statement.handle()) > 0) {
         refuse("The statement needs parameters, which a record source does not have.");
     }
-    return std::make_unique<Cursor>(database_, std::move(statement));
+    return std::make_unique<Cursor>(database_, std::move(statement), Cursor::Rights::only_read);
 }
 
 standard::ProviderOutcome Connection::execute(std::string_view sql,
@@ -73,13 +73,14 @@ standard::ProviderOutcome Connection::execute(std::string_view sql,
     standard::ProviderOutcome outcome;
     const bool yields_rows = statement.column_count() > 0;
     if (yields_rows && statement.is_read_only()) {
-        outcome.cursor = std::make_unique<Cursor>(database_, std::move(statement));
+        outcome.cursor =
+            std::make_unique<Cursor>(database_, std::move(statement), Cursor::Rights::all);
         return outcome;
     }
     const auto before = sqlite3_total_changes64(database_->handle());
     if (yields_rows) {
         // To the end at once: what it writes must not wait for somebody to read its rows.
-        Cursor rows(database_, std::move(statement));
+        Cursor rows(database_, std::move(statement), Cursor::Rights::all);
         outcome.cursor = std::make_unique<ReadAheadCursor>(rows);
     } else {
         statement.step();

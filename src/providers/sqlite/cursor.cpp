@@ -5,6 +5,7 @@
 #include "standard/ado/field_types.h"
 #include "standard/utf8.h"
 
+#include <optional>
 #include <utility>
 
 namespace krv::providers::sqlite {
@@ -34,11 +35,16 @@ bool is_converted(std::int16_t type) {
 
 } // namespace
 
-Cursor::Cursor(std::shared_ptr<const Database> database, Statement statement)
+Cursor::Cursor(std::shared_ptr<Database> database, Statement statement, Rights rights)
     : database_(std::move(database))
-    , statement_(std::move(statement)) {}
+    , statement_(std::move(statement))
+    , rights_(rights) {}
 
 bool Cursor::step() {
+    std::optional<ReadOnlyScope> scope;
+    if (rights_ == Rights::only_read) {
+        scope.emplace(*database_);
+    }
     const bool has_row = statement_.step();
     if (row_ == 0) {
         // Not before: SQLite may have compiled the statement anew for a table that has changed.
@@ -99,6 +105,9 @@ platform::ValueView Cursor::read(int column, Cell& cell) {
     case SQLITE_BLOB: {
         const auto* data = static_cast<const std::byte*>(sqlite3_value_blob(value));
         const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
+        if (size > 0) {
+            require(data);
+        }
         return blob_value({data, size}, cell.type, cell.storage);
     }
     default:

@@ -12,7 +12,10 @@ namespace krv::providers::sqlite {
 /// Rows of a statement, straight out of SQLite.
 class Cursor final : public standard::ProviderCursor {
 public:
-    Cursor(std::shared_ptr<const Database> database, Statement statement);
+    /// What the statement may do while it runs.
+    enum class Rights { only_read, all };
+
+    Cursor(std::shared_ptr<Database> database, Statement statement, Rights rights);
 
     bool step() override;
 
@@ -41,17 +44,18 @@ private:
     platform::ValueView read(int column, Cell& cell);
     std::string_view read_text(sqlite3_value* value, std::string& storage) const;
 
-    /// SQLite hands out no text when its memory is used up.
-    template <class Character>
-    const Character* require(const Character* text) const {
-        if (text == nullptr) {
+    /// SQLite hands out no text and no bytes when its memory is used up.
+    template <class Unit>
+    const Unit* require(const Unit* data) const {
+        if (data == nullptr) {
             database_->raise(SQLITE_NOMEM, Phase::running);
         }
-        return text;
+        return data;
     }
 
-    std::shared_ptr<const Database> database_; // outlives the statement
+    std::shared_ptr<Database> database_; // outlives the statement
     Statement statement_;
+    Rights rights_;
     std::vector<standard::ColumnInfo> columns_;
     std::vector<Cell> cells_;
     std::uint64_t row_ = 0; ///< counts from 1 at the first row

@@ -78,7 +78,7 @@ void Database::harden() {
     sqlite3_limit(handle, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 10'000);
     sqlite3_limit(handle, SQLITE_LIMIT_TRIGGER_DEPTH, 100);
 
-    check(sqlite3_set_authorizer(handle, authorize, &preparing_to_read_), Phase::running);
+    check(sqlite3_set_authorizer(handle, authorize, &only_reading_), Phase::running);
 }
 
 /// Reads the file for the first time: one that is no database shows here.

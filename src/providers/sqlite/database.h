@@ -41,7 +41,7 @@ public:
     [[noreturn]] void raise(int code, Phase phase) const;
 
 private:
-    friend class ReadOnlyPreparation;
+    friend class ReadOnlyScope;
 
     struct Closer {
         void operator()(sqlite3* handle) const noexcept { sqlite3_close_v2(handle); }
@@ -53,21 +53,21 @@ private:
 
     std::unique_ptr<sqlite3, Closer> handle_;
     bool is_utf16_ = false;
-    bool preparing_to_read_ = false;
+    bool only_reading_ = false;
 };
 
-/// While it lives, only what reads can be compiled.
-class ReadOnlyPreparation {
+/// While it lives, only what reads can be compiled, by the virtual tables of a running statement too.
+class ReadOnlyScope {
 public:
-    explicit ReadOnlyPreparation(Database& database)
+    explicit ReadOnlyScope(Database& database)
         : database_(database) {
-        database_.preparing_to_read_ = true;
+        database_.only_reading_ = true;
     }
 
-    ReadOnlyPreparation(const ReadOnlyPreparation&) = delete;
-    ReadOnlyPreparation& operator=(const ReadOnlyPreparation&) = delete;
+    ReadOnlyScope(const ReadOnlyScope&) = delete;
+    ReadOnlyScope& operator=(const ReadOnlyScope&) = delete;
 
-    ~ReadOnlyPreparation() { database_.preparing_to_read_ = false; }
+    ~ReadOnlyScope() { database_.only_reading_ = false; }
 
 private:
     Database& database_;

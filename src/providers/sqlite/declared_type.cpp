@@ -103,6 +103,8 @@ std::string type_name(std::string_view words) {
         name += " VARYING";
     }
     std::transform(name.begin(), name.end(), name.begin(), standard::upper_ascii);
+    std::erase_if(
+        name, [](char c) { return std::string_view("[]\"`").find(c) != std::string_view::npos; });
     return name;
 }
 

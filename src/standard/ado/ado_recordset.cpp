@@ -84,9 +84,15 @@ void AdoRecordset::open_on(std::shared_ptr<AdoConnection> connection,
                            std::unique_ptr<ProviderCursor> cursor,
                            std::string_view source) {
     const bool has_record = connection->guarded([&] { return cursor->step(); });
-    fields_.assign(cursor->columns(), row_);
     source_ = source;
     connection->attach(*this);
+    try {
+        fields_.assign(cursor->columns(), row_);
+    } catch (...) {
+        fields_.clear();
+        connection->detach(*this);
+        throw;
+    }
     connection_ = std::move(connection);
     cursor_ = std::move(cursor);
     stand(has_record ? Position::on_record : Position::at_end);

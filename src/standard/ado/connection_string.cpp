@@ -166,8 +166,13 @@ void ConnectionString::add(std::string keyword, std::string value) {
         pairs_.push_back({std::move(keyword), std::move(value)});
         return;
     }
-    if (same_keyword(keyword, "Provider") && !same_keyword(same->value, value)) {
-        malformed("two providers are named");
+    if (same_keyword(keyword, "Provider") && !same->value.empty()) {
+        if (value.empty()) {
+            return;
+        }
+        if (!same_keyword(same->value, value)) {
+            malformed("two providers are named");
+        }
     }
     same->value = std::move(value);
 }

@@ -25,7 +25,14 @@ std::optional<platform::Date> date_of(std::int64_t day, double fraction) {
         return std::nullopt;
     }
     const auto whole = static_cast<double>(day);
-    return platform::Date{day < 0 ? whole - fraction : whole + fraction};
+    const double serial = day < 0 ? whole - fraction : whole + fraction;
+    if (std::trunc(serial) == whole) {
+        return platform::Date{serial};
+    }
+    // The last instant of a day may round up to the next one, which is not always there.
+    return platform::Date{day + 1 < beyond_days
+                              ? static_cast<double>(day + 1)
+                              : std::nextafter(static_cast<double>(beyond_days), 0.0)};
 }
 
 std::optional<platform::Date> date_of_seconds(std::int64_t seconds, double fraction) {
@@ -203,8 +210,9 @@ std::optional<std::string> text_from_date(platform::Date date) {
     auto rest = static_cast<std::int64_t>(
         std::nearbyint(std::fabs(date.serial - whole) * milliseconds_a_day));
     if (rest == seconds_a_day * 1000) {
-        rest = 0;
-        ++day;
+        const bool is_last_day = day + 1 == beyond_days;
+        rest = is_last_day ? rest - 1 : 0;
+        day += is_last_day ? 0 : 1;
     }
     using namespace std::chrono;
     const year_month_day calendar{sys_days{days{day - day_of_1970}}};
