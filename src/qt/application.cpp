@@ -48,9 +48,10 @@ platform::MessageAnswer QtApplication::MsgBox(std::string_view text,
         Yield(); // what waits comes while the box is up, before its answer
         return handler(text, buttons);
     }
-    // The host may destroy the control while the box is open; the box goes with it then.
+    // The host may destroy the control, or the whole window, while the box is open.
     const QPointer<QMessageBox> box =
         make_box(surface_->root().window(), text_of(Title()), text, buttons);
+    QObject::connect(&surface_->root(), &QObject::destroyed, box, &QDialog::reject);
     QTimer::singleShot(0, box, [surface = surface_] { surface->guard([&] { surface->turn(); }); });
     const int answer = box->exec();
     delete box;

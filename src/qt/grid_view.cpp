@@ -335,15 +335,20 @@ void GridView::update_scroll_bars() {
     in_scroll_bars_ = false;
 }
 
-void GridView::scrollContentsBy(int /*dx*/, int /*dy*/) {
+void GridView::scrollContentsBy(int dx, int dy) {
     if (in_scroll_bars_) {
         return;
     }
     const auto offset = [this](const QScrollBar& bar, std::int64_t most) {
         return bar.value() == bar.maximum() ? most : std::llrint(resolution_.twips(bar.value()));
     };
-    grid_.set_scroll_y(offset(*verticalScrollBar(), grid_.max_scroll_y()));
-    grid_.set_scroll_x(offset(*horizontalScrollBar(), grid_.max_scroll_x()));
+    // The other direction keeps its twips: what its bar shows is rounded to pixels.
+    if (dy != 0) {
+        grid_.set_scroll_y(offset(*verticalScrollBar(), grid_.max_scroll_y()));
+    }
+    if (dx != 0) {
+        grid_.set_scroll_x(offset(*horizontalScrollBar(), grid_.max_scroll_x()));
+    }
 }
 
 bool GridView::apply_font_and_screen() {

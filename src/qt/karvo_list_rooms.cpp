@@ -1,6 +1,5 @@
 #include "qt/karvo_list_rooms.h"
 
-#include "krv/platform/error.h"
 #include "krv/standard/editor_column.h"
 
 namespace krv::qt {
@@ -9,19 +8,6 @@ namespace {
 
 constexpr platform::TwipsSingle input_line_height = 510;
 constexpr platform::TwipsSingle button_height = 255;
-
-/// Whether the region reads the text as a number.
-bool is_number(const platform::Formatter& formatter, std::string_view text) {
-    if (text.find_first_of("0123456789") == std::string_view::npos) {
-        return false;
-    }
-    try {
-        static_cast<void>(formatter.CDbl(platform::ValueView::text(text)));
-        return true;
-    } catch (const platform::RuntimeError&) {
-        return false;
-    }
-}
 
 } // namespace
 
@@ -98,7 +84,7 @@ void KarvoListWidget::Rooms::name_parts() {
 }
 
 void KarvoListWidget::Rooms::keep_columns_aligned() {
-    const auto test = [this](std::string_view text) { return is_number(*formatter, text); };
+    const auto test = [this](std::string_view text) { return formatter->is_number(text); };
     grid.view().set_number_test(test);
     grid_in.view().set_number_test(test);
     grid_in.view().set_scroll_bars(GridView::ScrollBars::none);

@@ -26,7 +26,8 @@ KarvoListWidget::KarvoListWidget(std::shared_ptr<platform::DataAccess> data_acce
 KarvoListWidget::~KarvoListWidget() {
     rooms_->surface->close();
     rooms_->list.reset();
-    // Parts notice events of their widgets while these go; the pointer stays until they are gone.
+    // Parts notice events of their widgets while these go, and the widget those of its own: there
+    // is nothing behind the pointer by then.
     rooms_.reset();
 }
 
@@ -98,7 +99,9 @@ void KarvoListWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 void KarvoListWidget::paintEvent(QPaintEvent* /*event*/) {
-    QPainter(this).fillRect(rect(), color_from_ole(rooms_->container.BackColor(), palette()));
+    if (rooms_) {
+        QPainter(this).fillRect(rect(), color_from_ole(rooms_->container.BackColor(), palette()));
+    }
 }
 
 void KarvoListWidget::resizeEvent(QResizeEvent* event) {

@@ -64,18 +64,21 @@ public:
     }
 
     /// Works through something that a person did: what waits first, then the act, then what follows
-    /// from it. Errors are reported. The control may be gone afterwards.
+    /// from it. Errors are reported, and the act follows all the same. The control may be gone
+    /// afterwards.
     template <class Act>
     void person_acts(Act act) noexcept {
-        guard([self = shared_from_this(), &act] {
-            self->turn();
+        const std::shared_ptr<Surface> self = shared_from_this();
+        const auto turn_of_its_own = [&] {
             if (!self->closed_) {
-                act();
+                self->guard([&] { self->turn(); });
             }
-            if (!self->closed_) {
-                self->turn();
-            }
-        });
+        };
+        turn_of_its_own();
+        if (!self->closed_) {
+            self->guard(act);
+        }
+        turn_of_its_own();
     }
 
     /// `person_acts` for a key: the list follows its current row when the key moved it.

@@ -31,6 +31,9 @@ public:
     /// \throws RuntimeError 6 when too large, 13 for a percent sign behind a point or an exponent
     virtual double Val(std::string_view text) const = 0;
 
+    /// Whether the formatter reads the text as a number under the regional settings. Never fails.
+    virtual bool is_number(std::string_view text) const = 0;
+
     // Conversions by the regional settings; halves round to even. Error 13 for what is no number,
     // 6 out of range, 94 for Null.
 

@@ -68,7 +68,7 @@ public:
 
     /// True for a text that `Format` reads as a number: digits in regional form, also with a
     /// currency symbol, a percent sign, parentheses. Never fails.
-    bool is_number(std::string_view text) const;
+    bool is_number(std::string_view text) const override;
 
 private:
     struct Parts;
