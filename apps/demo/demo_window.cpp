@@ -40,7 +40,12 @@ DemoWindow::DemoWindow(const Source& source)
 
     KarvoList& list = widget_->list();
     set_up_columns(list, source.columns);
-    list.SetDataBaseName(source.database);
+    // The file's bare name does where it cannot be taken for more of the connection string.
+    if (source.database.find_first_of(";\"'{") == std::string::npos) {
+        list.SetDataBaseName(source.database);
+    } else {
+        list.SetConnect(source.connect);
+    }
     list.SetRecordsource(source.records);
     list.SetReadOnlyRecordset(true);
 }

@@ -30,12 +30,19 @@ std::string existing_file(const QString& path) {
     return file.absoluteFilePath().toStdString();
 }
 
+std::string connection_string(const std::string& database) {
+    std::string quoted = "Provider=SQLite;Data Source=\"";
+    for (const char c : database) {
+        quoted.append(c == '"' ? 2 : 1, c);
+    }
+    return quoted + '"';
+}
+
 std::vector<ColumnPlan> columns_of(platform::DataAccess& data_access,
-                                   const std::string& database,
+                                   const std::string& connect,
                                    const std::string& records) {
     const std::shared_ptr<platform::Connection> connection = data_access.CreateConnection();
-    connection->Open(
-        "Provider=SQLite;Data Source=\"" + database + '"', "", "", platform::ado::unspecified);
+    connection->Open(connect, "", "", platform::ado::unspecified);
     const std::shared_ptr<platform::Recordset> recordset = data_access.CreateRecordset();
     recordset->Open(records,
                     connection,
@@ -66,9 +73,11 @@ Source find_source(const Options& options) {
     } else {
         source.database = existing_file(options.file);
         source.records = options.source.toStdString();
-        source.columns = columns_of(*source.data_access, source.database, source.records);
+        source.columns =
+            columns_of(*source.data_access, connection_string(source.database), source.records);
         settings = standard::system_regional_settings();
     }
+    source.connect = connection_string(source.database);
     source.region = settings.name;
     source.formatter = std::make_shared<standard::ValueFormatter>(std::move(settings));
     return source;

@@ -16,6 +16,7 @@ struct Options;
 /// What the list shows and what it needs for that.
 struct Source {
     std::string database; ///< path of the file
+    std::string connect;  ///< connection string for it, whatever characters the path holds
     std::string records;  ///< table or query
     std::string region;   ///< name of the regional settings
     std::vector<ColumnPlan> columns;

@@ -4,7 +4,6 @@
 #include <QList>
 #include <QString>
 
-#include <algorithm>
 #include <array>
 
 namespace krv::demo {
@@ -59,13 +58,14 @@ int text_width(std::string_view utf8) {
 }
 
 std::string one_line(std::string_view utf8) {
-    std::string line(utf8);
-    std::replace_if(
-        line.begin(),
-        line.end(),
-        [](char byte) { return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F; },
-        ' ');
-    return line;
+    // Control characters, those above 7F too: a terminal acts on them.
+    auto text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    for (QChar& character : text) {
+        if (character.category() == QChar::Other_Control) {
+            character = QLatin1Char(' ');
+        }
+    }
+    return text.toStdString();
 }
 
 } // namespace krv::demo
