@@ -155,6 +155,24 @@ TEST_F(GridViewing, the_scroll_bar_and_the_grid_keep_in_step) {
     EXPECT_EQ(grid.TopRow(), 1);
 }
 
+TEST_F(GridViewing, scrolling_one_way_leaves_the_other_where_it_is) {
+    add_rows(60);
+    for (std::int32_t row = 1; row < grid.Rows(); ++row) {
+        grid.SetRowHeight(row, 245); // no whole number of pixels
+    }
+    grid.SetColWidth(0, 9005);
+    show();
+    grid.SetTopRow(2);
+    grid.set_scroll_x(101);
+    turn();
+    view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->value() + 10);
+    EXPECT_EQ(grid.TopRow(), 2);
+    EXPECT_EQ(grid.scroll_y(), 245);
+    const auto across = grid.scroll_x();
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() + 40);
+    EXPECT_EQ(grid.scroll_x(), across);
+}
+
 TEST_F(GridViewing, scroll_bars_come_and_go_with_the_content) {
     EXPECT_GT(view.scroll_bar_width(), 0);
     EXPECT_FALSE(view.horizontalScrollBar()->isVisible());
