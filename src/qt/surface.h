@@ -100,7 +100,7 @@ public:
     /// Called in a turn when the focus has left the control and is still elsewhere.
     void set_on_exit_focus(std::function<void()> handler) { on_exit_focus_ = std::move(handler); }
 
-    /// Handles the keys of the surface and of the parts that leave theirs to it.
+    /// Handles the keys of the surface and those that a part leaves to it.
     void set_on_key_down(std::function<void(std::int16_t&, std::int16_t&)> handler) {
         on_key_down_ = std::move(handler);
     }
