@@ -153,7 +153,8 @@ public:
     virtual std::int32_t LockType() const = 0;
 };
 
-/// Makes the objects of the data layer.
+/// Makes the objects of the data layer. They may outlive it, and each other: a recordset keeps its
+/// connection alive.
 class DataAccess {
 public:
     virtual ~DataAccess() = default;

@@ -18,13 +18,14 @@ public:
 
     /// The value formatted by a pattern such as "#,##0.00" or "dd/mm/yyyy"; an empty pattern is
     /// formatting without one: numbers and dates in plain regional form, numeric text as its
-    /// number. A text that the pattern cannot take comes out unchanged. \throws RuntimeError 13 for
-    /// bytes and objects, 6 for a number outside the dates under a date
-    ///         pattern
+    /// number. A text that the pattern cannot take comes out unchanged.
+    /// \throws RuntimeError 13 for bytes and objects, 6 for a date outside the years 100 to 9999 and
+    ///         for a number outside them under a date pattern
     virtual void Format(ValueView value, std::string_view pattern, std::string& text) const = 0;
 
-    /// The standard value-to-text conversion.
-    /// \throws RuntimeError 94 for Null, 13 for bytes and objects
+    /// The standard value-to-text conversion; a text is its own.
+    /// \throws RuntimeError 94 for Null, 13 for bytes and objects, 6 for a date outside the years 100
+    ///         to 9999
     virtual void CStr(ValueView value, std::string& text) const = 0;
 
     /// The number that a text begins with, read in no region ("1,5" is 1); 0 when there is none.

@@ -24,6 +24,7 @@ public:
     /// Shows a modal box under the application's title and waits for the answer; what is queued is
     /// delivered meanwhile, so the host may call or destroy the control before it returns.
     /// \return `ok` for an OK box; closing a Yes/No box by other means is `no`
+    /// \throws what a handler lets out that runs meanwhile
     virtual MessageAnswer MsgBox(std::string_view text, MessageButtons buttons) = 0;
 
     /// Gives the message loop one turn: everything queued is delivered, also what is queued
