@@ -27,8 +27,8 @@ public:
 
     void Add() override {
         note("Add");
-        if (on_add) {
-            on_add();
+        if (const auto handler = on_add) { // a copy: the handler may destroy this
+            handler();
         }
     }
 
