@@ -28,7 +28,7 @@ public:
     std::string Recordsource;
     bool ReadOnlyRecordset = false;
 
-    /// Recordset and connection, each null when there is none. The recordset may be the host's own.
+    /// The control's own recordset or the host's, open or not; null when there is none.
     std::shared_ptr<platform::Recordset> recordset;
 
     /// Closes and releases recordset and connection, the host's recordset included. Never fails.
@@ -36,6 +36,7 @@ public:
 
     /// Closes what is open and opens `Recordsource` again. Failures are shown to the user and are
     /// no errors; a failed connection or recordset stays held, unopened, until the next `CloseAll`.
+    /// \throws what the data layer raises while it makes the two objects
     Opening open();
 
 private:
