@@ -39,8 +39,11 @@ const std::map<std::string, Room, std::less<>>& rooms() {
         {"providers/sqlite", {core_and({"standard"}), {"sqlite3.h"}}},
         {"headless", {core_and({"companions", "standard", "providers/sqlite"}), {}}},
         {"qt", {core_and({"companions", "standard", "providers/sqlite"}), {"Q"}}},
-        {"apps",
+        {"server",
          {core_and({"companions", "standard", "providers/sqlite", "headless", "qt"}),
+          {"Q", "nlohmann/"}}},
+        {"apps",
+         {core_and({"companions", "standard", "providers/sqlite", "headless", "qt", "server"}),
           {"Q", "sqlite3.h"}}},
     };
     return all;

@@ -2,6 +2,7 @@
 
 #include "krv/control/constituents.h"
 #include "krv/control/enumerations.h"
+#include "krv/control/events.h"
 #include "krv/platform/data_access.h"
 #include "krv/platform/units.h"
 
@@ -250,6 +251,40 @@ public:
     /// number does nothing.
     void EvidenziaFunzione(std::int16_t Funzione);
 
+    /// Colours of the buttons' faces. Source: `BackColor` of the button.
+    platform::OleColor AddColor() const;
+    void SetAddColor(platform::OleColor color);
+    platform::OleColor InsertColor() const;
+    /// Notifies "InserColor": hosts know the property by that name in their stored settings.
+    void SetInsertColor(platform::OleColor color);
+    platform::OleColor DeleteColor() const;
+    void SetDeleteColor(platform::OleColor color);
+    platform::OleColor CopyColor() const;
+    void SetCopyColor(platform::OleColor color);
+    platform::OleColor OkColor() const;
+    void SetOkColor(platform::OleColor color);
+
+    // --- Appearance and keys -------------------------------------------------------------------
+
+    /// Background colour of the control's own surface.
+    platform::OleColor BackColor() const;
+    void SetBackColor(platform::OleColor color);
+
+    /// Height of the function buttons in twips. Source: `btnAdd.Height`; a put gives all five the
+    /// height and lays the control out.
+    platform::TwipsSingle ButtonsHeight() const;
+    void SetButtonsHeight(platform::TwipsSingle height);
+    /// Width of the function buttons but the confirm button, in twips. Source: `btnAdd.Width`.
+    platform::TwipsSingle ButtonsWidth() const;
+
+    /// Gives every part the font size, in points, and the present rows the height that goes with it;
+    /// 0 does nothing. The control is not laid out anew.
+    /// \throws RuntimeError 380 for a negative size or one above 2160: nothing changed
+    void SetFont(float FontSize);
+
+    /// Handles a key as if it went down on the control.
+    void SendKeys(std::int16_t KeyCode, std::int16_t Shift);
+
     // --- Record source -------------------------------------------------------------------------
 
     /// Connection string. Empty, or beginning with "access" in any letter case, it stands for the
@@ -299,6 +334,40 @@ public:
     void CloseAll();
     /// The same as `CloseAll`.
     void CloseRecordset();
+
+    // --- Row commands --------------------------------------------------------------------------
+
+    // The result is False whatever the command did: hosts learn the outcome from the events and the
+    // state properties.
+
+    /// Runs the Add command while `btnAdd` is visible.
+    bool Add();
+    /// Runs the Insert command while `btnInsert` is visible.
+    bool Insert();
+    /// Runs the Delete command, the button shown or not.
+    bool Delete();
+    /// Runs the Copy command, the button shown or not.
+    bool Copy();
+    /// Runs the confirm command, the button shown or not.
+    bool OK();
+
+    /// Acts as a click on a public row. `Button` and `Shift` come back as the listeners of
+    /// `ListClick` left them.
+    void RowClick(std::int32_t Row, std::int16_t& Button, std::int16_t& Shift);
+
+    /// Puts the field editor on a column of the input line. \return whether it stands there
+    bool SetInput(std::int32_t Col);
+
+    // --- Events --------------------------------------------------------------------------------
+
+    /// Adds a listener behind the others; one that is there already stays where it is. It is not
+    /// owned, and unsubscribes before it goes. One that is added inside an event hears the next.
+    void subscribe(KarvoListEvents& listener);
+    /// The listener hears nothing any more, also of an event under way.
+    void unsubscribe(KarvoListEvents& listener);
+
+    /// The formatter that the control was made with.
+    const platform::Formatter& formatter() const noexcept;
 
 private:
     class Rooms;
