@@ -2,6 +2,7 @@
 
 #include "control/column_model.h"
 #include "control/edit_state.h"
+#include "control/event_list.h"
 
 #include "krv/control/constituents.h"
 #include "krv/platform/life.h"
@@ -30,6 +31,8 @@ struct ControlState {
     bool AutoStartInputOnClick = false;
     std::int32_t LineNumberColumn = -1;
     std::shared_ptr<platform::Object> GiveFocusTo;
+
+    EventList events;
 
     /// Set before the first routine runs; lives as long as this state.
     editing::Commands* commands = nullptr;

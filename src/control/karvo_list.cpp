@@ -1,5 +1,6 @@
 #include "krv/control/karvo_list.h"
 
+#include "control/failures.h"
 #include "control/rooms.h"
 
 #include <utility>
@@ -215,6 +216,50 @@ void KarvoList::CloseAll() {
 
 void KarvoList::CloseRecordset() {
     CloseAll();
+}
+
+// --- Row commands ---------------------------------------------------------------------------------
+
+bool KarvoList::Add() {
+    fail_not_yet("Add");
+}
+
+bool KarvoList::Insert() {
+    fail_not_yet("Insert");
+}
+
+bool KarvoList::Delete() {
+    fail_not_yet("Delete");
+}
+
+bool KarvoList::Copy() {
+    fail_not_yet("Copy");
+}
+
+bool KarvoList::OK() {
+    fail_not_yet("OK");
+}
+
+void KarvoList::RowClick(std::int32_t /*Row*/, std::int16_t& /*Button*/, std::int16_t& /*Shift*/) {
+    fail_not_yet("RowClick");
+}
+
+bool KarvoList::SetInput(std::int32_t /*Col*/) {
+    fail_not_yet("SetInput");
+}
+
+// --- Events --------------------------------------------------------------------------------------
+
+void KarvoList::subscribe(KarvoListEvents& listener) {
+    rooms_->state.events.subscribe(listener);
+}
+
+void KarvoList::unsubscribe(KarvoListEvents& listener) {
+    rooms_->state.events.unsubscribe(listener);
+}
+
+const platform::Formatter& KarvoList::formatter() const noexcept {
+    return rooms_->state.host.formatter;
 }
 
 } // namespace krv

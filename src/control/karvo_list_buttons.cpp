@@ -138,6 +138,47 @@ void KarvoList::SetOkVisible(bool visible) {
     rooms_->changed("OkVisible");
 }
 
+platform::OleColor KarvoList::AddColor() const {
+    return rooms_->state.parts.btnAdd.BackColor();
+}
+
+void KarvoList::SetAddColor(platform::OleColor color) {
+    rooms_->put_color(rooms_->state.parts.btnAdd, color, "AddColor");
+}
+
+platform::OleColor KarvoList::InsertColor() const {
+    return rooms_->state.parts.btnInsert.BackColor();
+}
+
+void KarvoList::SetInsertColor(platform::OleColor color) {
+    // Deliberate: stored settings know the colour under this name.
+    rooms_->put_color(rooms_->state.parts.btnInsert, color, "InserColor");
+}
+
+platform::OleColor KarvoList::DeleteColor() const {
+    return rooms_->state.parts.btnDelete.BackColor();
+}
+
+void KarvoList::SetDeleteColor(platform::OleColor color) {
+    rooms_->put_color(rooms_->state.parts.btnDelete, color, "DeleteColor");
+}
+
+platform::OleColor KarvoList::CopyColor() const {
+    return rooms_->state.parts.btnCopy.BackColor();
+}
+
+void KarvoList::SetCopyColor(platform::OleColor color) {
+    rooms_->put_color(rooms_->state.parts.btnCopy, color, "CopyColor");
+}
+
+platform::OleColor KarvoList::OkColor() const {
+    return rooms_->state.parts.btnOK.BackColor();
+}
+
+void KarvoList::SetOkColor(platform::OleColor color) {
+    rooms_->put_color(rooms_->state.parts.btnOK, color, "OkColor");
+}
+
 platform::OleColor KarvoList::EvidenziaColor() const {
     return rooms_->buttons.EvidenziaColor;
 }
@@ -149,6 +190,43 @@ void KarvoList::SetEvidenziaColor(platform::OleColor color) {
 
 void KarvoList::EvidenziaFunzione(std::int16_t Funzione) {
     rooms_->buttons.EvidenziaFunzione(Funzione);
+}
+
+// --- Appearance and keys -------------------------------------------------------------------------
+
+platform::OleColor KarvoList::BackColor() const {
+    return rooms_->state.host.container.BackColor();
+}
+
+void KarvoList::SetBackColor(platform::OleColor color) {
+    rooms_->state.host.container.SetBackColor(color);
+    rooms_->changed("BackColor");
+}
+
+platform::TwipsSingle KarvoList::ButtonsHeight() const {
+    return rooms_->state.parts.btnAdd.Height();
+}
+
+void KarvoList::SetButtonsHeight(platform::TwipsSingle height) {
+    const Constituents& parts = rooms_->state.parts;
+    for (platform::Button* button :
+         {&parts.btnAdd, &parts.btnInsert, &parts.btnDelete, &parts.btnCopy, &parts.btnOK}) {
+        button->SetHeight(height);
+    }
+    rooms_->Resize();
+    rooms_->changed("ButtonsHeight");
+}
+
+platform::TwipsSingle KarvoList::ButtonsWidth() const {
+    return rooms_->state.parts.btnAdd.Width();
+}
+
+void KarvoList::SetFont(float FontSize) {
+    set_font(rooms_->state, FontSize);
+}
+
+void KarvoList::SendKeys(std::int16_t KeyCode, std::int16_t Shift) {
+    rooms_->KeyDown(KeyCode, Shift);
 }
 
 } // namespace krv

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "control/appearance.h"
 #include "control/control_state.h"
 #include "control/flag_scope.h"
 #include "control/function_buttons.h"
+#include "control/keys.h"
 #include "control/layout.h"
 #include "data/list_loading.h"
 #include "data/record_source.h"
@@ -50,6 +52,17 @@ public:
         }
         const FlagScope scope(laying_out, state.life);
         lay_out(state, buttons);
+    }
+
+    void KeyDown(std::int16_t& key_code, std::int16_t& shift) override {
+        key_down(state, buttons, key_code, shift);
+    }
+
+    void ExitFocus() override { restore_tab_stops(state); }
+
+    void put_color(platform::Button& button, platform::OleColor color, std::string_view property) {
+        button.SetBackColor(color);
+        changed(property);
     }
 
     void changed(std::string_view property) { state.host.container.PropertyChanged(property); }
