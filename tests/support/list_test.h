@@ -84,6 +84,9 @@ protected:
 
     void resize(float width, float height) { form_.person().resize(*surface_, width, height); }
 
+    /// A person leaves the control for another field of the form.
+    void focus_outside() { form_.person().focus(form_.outside()); }
+
     /// Runs in the next turn of the message loop.
     void post(std::function<void()> act) { form_.queue().post(life_, std::move(act)); }
 
