@@ -49,13 +49,15 @@ KarvoListWidget::Rooms::Rooms(KarvoListWidget& widget,
         }
     });
     list = std::make_unique<KarvoList>(
-        Constituents{
-            grid, grid_in, inp_fld, btn_add, btn_insert, btn_delete, btn_copy, btn_ok, line},
-        Surroundings{container, application, *data_access, *formatter});
+        constituents(), Surroundings{container, application, *data_access, *formatter});
 }
 
 KarvoListWidget::Rooms::~Rooms() {
     surface->close();
+}
+
+Constituents KarvoListWidget::Rooms::constituents() noexcept {
+    return {grid, grid_in, inp_fld, btn_add, btn_insert, btn_delete, btn_copy, btn_ok, line};
 }
 
 std::array<QtButton*, 5> KarvoListWidget::Rooms::buttons() {

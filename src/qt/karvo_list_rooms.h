@@ -21,6 +21,7 @@ struct KarvoListWidget::Rooms {
           std::shared_ptr<const platform::Formatter> format);
     ~Rooms();
 
+    Constituents constituents() noexcept;
     std::array<QtButton*, 5> buttons();
     /// Places every part anew: the resolution is another one.
     void place_parts();

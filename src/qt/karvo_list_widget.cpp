@@ -47,6 +47,22 @@ void KarvoListWidget::set_message_handler(MessageHandler handler) {
     rooms_->application.set_message_handler(std::move(handler));
 }
 
+Constituents KarvoListWidget::constituents() noexcept {
+    return rooms_->constituents();
+}
+
+platform::Container& KarvoListWidget::container() noexcept {
+    return rooms_->container;
+}
+
+platform::Application& KarvoListWidget::application() noexcept {
+    return rooms_->application;
+}
+
+void KarvoListWidget::turn() {
+    rooms_->application.Yield();
+}
+
 QSize KarvoListWidget::sizeHint() const {
     const Resolution resolution(logicalDpiX());
     return {resolution.px(QtContainer::start_width), resolution.px(QtContainer::start_height)};

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "krv/control/constituents.h"
 #include "krv/control/karvo_list.h"
+#include "krv/platform/host.h"
 #include "krv/qt/error_handler.h"
 #include "krv/qt/message_handler.h"
 
@@ -35,6 +37,18 @@ public:
 
     /// Empty: messages are shown in modal boxes.
     void set_message_handler(MessageHandler handler);
+
+    // For tests and tools, which look at the parts and act on them as a person does.
+
+    /// The parts. Valid as long as the widget.
+    Constituents constituents() noexcept;
+    /// The control's own surface. Valid as long as the widget.
+    platform::Container& container() noexcept;
+    /// Title, message boxes and message loop as the control uses them. Valid as long as the widget.
+    platform::Application& application() noexcept;
+    /// Delivers what is queued for the controls of this thread, in order, until nothing is.
+    /// \throws the first error out of a handler; what was still queued stays queued
+    void turn();
 
     QSize sizeHint() const override;
     /// 5055 by 1800 twips: below that the control grows by itself.
