@@ -1,6 +1,7 @@
 #include "krv/qt/karvo_list_widget.h"
 
 #include "krv/qt/colors.h"
+#include "qt/event_signals.h"
 #include "qt/karvo_list_rooms.h"
 #include "qt/keys.h"
 
@@ -13,12 +14,14 @@ namespace krv::qt {
 KarvoListWidget::KarvoListWidget(std::shared_ptr<platform::DataAccess> data_access,
                                  std::shared_ptr<const platform::Formatter> formatter,
                                  QWidget* parent)
-    : QWidget(parent) {
+    : QWidget(parent)
+    , event_signals_(std::make_unique<EventSignals>(*this)) {
     setFocusPolicy(Qt::ClickFocus);
     rooms_ = std::make_unique<Rooms>(*this, std::move(data_access), std::move(formatter));
     rooms_->container.set_on_property_changed([this](std::string_view name) {
         emit propertyChanged(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     });
+    rooms_->list->subscribe(*event_signals_);
     rooms_->list->InitProperties();
     rooms_->container.resized();
 }
