@@ -29,12 +29,13 @@ if(KRV_SANITIZE)
     target_link_options(krv_build_options INTERFACE -fsanitize=${KRV_SANITIZE})
 endif()
 
-# krv_add_library(<folder name> SOURCES ... [PUBLIC ...] [PRIVATE ...])
+# krv_add_library(<folder name> [INTERNAL] SOURCES ... [PUBLIC ...] [PRIVATE ...])
 #
 # Makes the library krv_<name> with the alias krvList3::<name>, found by others under include/.
-# PUBLIC and PRIVATE name the libraries it stands on.
+# PUBLIC and PRIVATE name the libraries it stands on. An INTERNAL one is part of our programs only and
+# is not installed.
 function(krv_add_library name)
-    cmake_parse_arguments(arg "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+    cmake_parse_arguments(arg "INTERNAL" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
     add_library(krv_${name} ${arg_SOURCES})
     add_library(krvList3::${name} ALIAS krv_${name})
     set_target_properties(krv_${name} PROPERTIES EXPORT_NAME ${name} OUTPUT_NAME krvlist3-${name})
@@ -43,7 +44,9 @@ function(krv_add_library name)
         PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
         PRIVATE ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(krv_${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} $<BUILD_INTERFACE:krv_build_options>)
-    set_property(GLOBAL APPEND PROPERTY KRV_LIBRARIES krv_${name})
+    if(NOT arg_INTERNAL)
+        set_property(GLOBAL APPEND PROPERTY KRV_LIBRARIES krv_${name})
+    endif()
 endfunction()
 
 # krv_add_test(<name> SOURCES ... LIBRARIES ...)
