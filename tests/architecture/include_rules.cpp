@@ -41,10 +41,10 @@ const std::map<std::string, Room, std::less<>>& rooms() {
         {"qt", {core_and({"companions", "standard", "providers/sqlite"}), {"Q"}}},
         {"server",
          {core_and({"companions", "standard", "providers/sqlite", "headless", "qt"}),
-          {"Q", "nlohmann/"}}},
+          {"Q", "nlohmann/", "poll.h", "unistd.h"}}},
         {"apps",
          {core_and({"companions", "standard", "providers/sqlite", "headless", "qt", "server"}),
-          {"Q", "sqlite3.h"}}},
+          {"Q", "sqlite3.h", "unistd.h"}}},
     };
     return all;
 }
