@@ -112,7 +112,8 @@ class Server:
         """
         command = [find_program(path), "--backend", backend]
         command += ["--region", region] if region else []
-        self._lists: Dict[str, List] = {}
+        #: The controls that this client placed, by id.
+        self.controls: Dict[str, List] = {}
         self._message_handler: Optional[MessageHandler] = None
         self._file_handler: Optional[FileHandler] = None
         self._page_handler: Optional[Callable[[], None]] = None
@@ -170,11 +171,11 @@ class Server:
         return self._add(id)
 
     def _add(self, id: str) -> List:
-        self._lists[id] = List(self, id)
-        return self._lists[id]
+        self.controls[id] = List(self, id)
+        return self.controls[id]
 
     def _forget(self, id: str) -> None:
-        self._lists.pop(id, None)
+        self.controls.pop(id, None)
 
     # --- The host ---
 
@@ -262,10 +263,10 @@ class Server:
 
     def _serve(self, method: str, params: Message) -> Any:
         if method == "event":
-            control = self._lists.get(params["id"])
+            control = self.controls.get(params["id"])
             return control._raise_event(params["name"], params["args"]) if control else {}
         if method == "propertyChanged":
-            control = self._lists.get(params["id"])
+            control = self.controls.get(params["id"])
             return control._raise_property_changed(params["name"]) if control else None
         if method == "message":
             return self._answer_message(params["text"], params["buttons"], params["title"])
