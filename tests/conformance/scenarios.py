@@ -52,7 +52,8 @@ class Stage:
             form.leave()
         except BaseException:
             # What a failed scenario left behind is nobody's concern: the next one starts afresh.
-            self._servers.pop(backend).close()
+            if backend in self._servers:
+                self._servers.pop(backend).close()
             raise
         return form.trace
 
