@@ -92,7 +92,7 @@ def find_program(path: Optional[os.PathLike[str] | str] = None) -> str:
     if installed:
         return installed
     raise FileNotFoundError(
-        "krvlist-server not found: build it with scripts/build release, or name it in KRVLIST_SERVER"
+        "krvlist-server not found: build it with scripts/build release krvlist-server, or name it in KRVLIST_SERVER"
     )
 
 
