@@ -5,14 +5,25 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace krv::qt {
 
 namespace {
 
+constexpr int frame_px = 2;
+constexpr int pressed_percent = 115;
+
 bool clicks(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
            event.key() == Qt::Key_Space || event.key() == Qt::Key_Select;
+}
+
+QColor between(const QColor& one, const QColor& other) {
+    return QColor((one.red() + other.red()) / 2,
+                  (one.green() + other.green()) / 2,
+                  (one.blue() + other.blue()) / 2);
 }
 
 } // namespace
@@ -57,6 +68,28 @@ void FunctionButton::mousePressEvent(QMouseEvent* event) {
     }
 }
 
+void FunctionButton::paintEvent(QPaintEvent* event) {
+    if (!part_.has_color()) {
+        QPushButton::paintEvent(event);
+        return;
+    }
+    // Styles shade a button's colour, and some leave it out: the host's is drawn as it is.
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    painter.drawControl(QStyle::CE_PushButtonBevel, option);
+    const QColor face = palette().color(QPalette::Button);
+    painter.fillRect(rect().adjusted(frame_px, frame_px, -frame_px, -frame_px),
+                     isDown() ? face.darker(pressed_percent) : face);
+    painter.drawControl(QStyle::CE_PushButtonLabel, option);
+    if (hasFocus()) {
+        QStyleOptionFocusRect focus;
+        focus.QStyleOption::operator=(option);
+        focus.rect = style()->subElementRect(QStyle::SE_PushButtonFocusRect, &option, this);
+        painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+    }
+}
+
 QtButton::QtButton(Surface& surface, std::string name)
     : QtPart(surface, std::move(name))
     , button_(new FunctionButton(*this, surface.root())) {
@@ -81,10 +114,12 @@ void QtButton::SetBackColor(platform::OleColor color) {
 
 void QtButton::apply_color() {
     QPalette palette;
-    if (back_color_ != platform::button_face_color) {
+    if (has_color()) {
         const QColor face = color_from_ole(back_color_, button_->parentWidget()->palette());
         palette.setColor(QPalette::Button, face);
-        palette.setColor(QPalette::ButtonText, face.lightnessF() > 0.5 ? Qt::black : Qt::white);
+        const QColor text = text_color_on(face);
+        palette.setColor(QPalette::ButtonText, text);
+        palette.setColor(QPalette::Disabled, QPalette::ButtonText, between(face, text));
     }
     button_->setPalette(palette);
 }

@@ -19,6 +19,7 @@ protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     QtButton& part_;
@@ -41,6 +42,8 @@ public:
 
     /// Draws the colour anew: the palette is another one.
     void apply_color();
+
+    bool has_color() const noexcept { return back_color_ != platform::button_face_color; }
 
 private:
     friend class FunctionButton;

@@ -1,6 +1,7 @@
 #include "krv/qt/colors.h"
 
 #include <array>
+#include <cmath>
 
 namespace krv::qt {
 
@@ -41,6 +42,15 @@ constexpr std::array<SystemColor, 25> system_colors = {{
     {QPalette::ToolTipBase},                    // tool tip
 }};
 
+double linear(double channel) {
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor& color) {
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
 SystemColor system_color(int index) {
     constexpr SystemColor button_face{QPalette::Button};
     const bool known = index >= 0 && index < static_cast<int>(system_colors.size());
@@ -61,6 +71,12 @@ QColor color_from_ole(platform::OleColor color, const QPalette& palette) {
     return QColor(static_cast<int>(color & 0xFFU),
                   static_cast<int>((color >> 8U) & 0xFFU),
                   static_cast<int>((color >> 16U) & 0xFFU));
+}
+
+QColor text_color_on(const QColor& background) {
+    // At this luminance black and white are in equal contrast to the background.
+    constexpr double turning_point = 0.179;
+    return luminance(background) > turning_point ? Qt::black : Qt::white;
 }
 
 platform::OleColor ole_from_color(const QColor& color) {

@@ -8,7 +8,11 @@ namespace krv::qt {
 
 namespace {
 
-constexpr int thickness_px = 2;
+constexpr double thickness_twips = 30;
+
+int thickness_px(const QWidget& widget) {
+    return std::max(2, Resolution(widget.logicalDpiX()).px(thickness_twips));
+}
 
 } // namespace
 
@@ -25,12 +29,13 @@ void LineWidget::set_falls(bool falls) {
 void LineWidget::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const QColor color = palette().color(QPalette::Highlight);
-    if (width() <= thickness_px || height() <= thickness_px) {
+    const int thickness = thickness_px(*this);
+    if (width() <= thickness || height() <= thickness) {
         painter.fillRect(rect(), color);
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, thickness_px));
+    painter.setPen(QPen(color, thickness));
     painter.drawLine(falls_ ? rect().topLeft() : rect().bottomLeft(),
                      falls_ ? rect().bottomRight() : rect().topRight());
 }
@@ -107,7 +112,7 @@ void QtLine::place() {
     const int left = resolution.px(Left());
     const int right = resolution.px(static_cast<double>(Left()) + Width());
     const int bottom = resolution.px(static_cast<double>(Top()) + Height()) + 1;
-    const int height = std::max(thickness_px, bottom - resolution.px(Top()));
+    const int height = std::max(thickness_px(*widget()), bottom - resolution.px(Top()));
     widget()->setGeometry(left, bottom - height, right - left, height);
     widget()->raise();
 }

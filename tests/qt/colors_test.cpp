@@ -1,5 +1,7 @@
 #include "krv/qt/colors.h"
 
+#include "qt/contrast.h"
+
 #include <gtest/gtest.h>
 
 namespace krv::qt {
@@ -23,6 +25,20 @@ TEST(Colors, system_colours_follow_the_palette) {
     EXPECT_EQ(color_from_ole(0x8000000F, palette), QColor(1, 2, 3));
     EXPECT_EQ(color_from_ole(0x80000005, palette), QColor(4, 5, 6));
     EXPECT_EQ(color_from_ole(0x8000000D, palette), QColor(7, 8, 9));
+}
+
+TEST(Colors, texts_are_readable_on_every_background) {
+    for (int red = 0; red < 256; red += 15) {
+        for (int green = 0; green < 256; green += 15) {
+            for (int blue = 0; blue < 256; blue += 15) {
+                const QColor background(red, green, blue);
+                EXPECT_GE(testing::contrast(text_color_on(background), background), 4.5)
+                    << background.name().toStdString();
+            }
+        }
+    }
+    EXPECT_EQ(text_color_on(Qt::yellow), QColor(Qt::black));
+    EXPECT_EQ(text_color_on(Qt::blue), QColor(Qt::white));
 }
 
 TEST(Colors, grey_text_is_the_disabled_one) {
