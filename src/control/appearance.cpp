@@ -11,6 +11,16 @@ namespace {
 /// Rows are higher than their text by this factor.
 constexpr double row_factor = 1.4;
 
+void set_tab_stops(const ControlState& state, bool tab_stop) {
+    for (platform::Part* part : state.host.container.Controls()) {
+        try {
+            part->SetTabStop(tab_stop);
+        } catch (const platform::RuntimeError&) {
+            continue; // the line has no tab stop
+        }
+    }
+}
+
 } // namespace
 
 void set_font(const ControlState& state, float size) {
@@ -40,13 +50,11 @@ void set_font(const ControlState& state, float size) {
 }
 
 void restore_tab_stops(const ControlState& state) {
-    for (platform::Part* part : state.host.container.Controls()) {
-        try {
-            part->SetTabStop(true);
-        } catch (const platform::RuntimeError&) {
-            continue; // the line has no tab stop
-        }
-    }
+    set_tab_stops(state, true);
+}
+
+void clear_tab_stops(const ControlState& state) {
+    set_tab_stops(state, false);
 }
 
 } // namespace krv

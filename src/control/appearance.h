@@ -12,4 +12,7 @@ void set_font(const ControlState& state, float size);
 /// Makes every part a tab stop again.
 void restore_tab_stops(const ControlState& state);
 
+/// Takes the tab stop from every part: Tab then stays with the part that has the focus.
+void clear_tab_stops(const ControlState& state);
+
 } // namespace krv

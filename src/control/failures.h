@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <limits>
-#include <string>
 
 namespace krv {
 
@@ -15,13 +14,6 @@ namespace krv {
 [[noreturn]] inline void fail_subscript() {
     throw platform::RuntimeError(
         platform::error_number::subscript_out_of_range, "Subscript out of range", "krvList3");
-}
-
-/// For a member whose routine is not part of the control yet.
-[[noreturn]] inline void fail_not_yet(const char* member) {
-    throw platform::RuntimeError(platform::error_number::action_not_supported,
-                                 std::string(member) + " is not available yet",
-                                 "krvList3");
 }
 
 /// \throws RuntimeError 6 when the value does not fit

@@ -1,6 +1,5 @@
 #include "krv/control/karvo_list.h"
 
-#include "control/failures.h"
 #include "control/rooms.h"
 
 #include <utility>
@@ -55,7 +54,7 @@ void KarvoList::InitProperties() {
     buttons.set_caption(Function::copy, "copia");
     state.AutoStartInputOnClick = true;
     state.host.application.SetTitle("Rolda");
-    state.host.container.SetEvents(rooms_.get());
+    rooms_->start_listening();
 }
 
 // --- State ---------------------------------------------------------------------------------------
@@ -221,31 +220,40 @@ void KarvoList::CloseRecordset() {
 // --- Row commands ---------------------------------------------------------------------------------
 
 bool KarvoList::Add() {
-    fail_not_yet("Add");
+    if (rooms_->state.parts.btnAdd.Visible()) {
+        rooms_->Add();
+    }
+    return false;
 }
 
 bool KarvoList::Insert() {
-    fail_not_yet("Insert");
+    if (rooms_->state.parts.btnInsert.Visible()) {
+        rooms_->Insert();
+    }
+    return false;
 }
 
 bool KarvoList::Delete() {
-    fail_not_yet("Delete");
+    rooms_->Delete();
+    return false;
 }
 
 bool KarvoList::Copy() {
-    fail_not_yet("Copy");
+    rooms_->Copy();
+    return false;
 }
 
 bool KarvoList::OK() {
-    fail_not_yet("OK");
+    rooms_->Confirm();
+    return false;
 }
 
-void KarvoList::RowClick(std::int32_t /*Row*/, std::int16_t& /*Button*/, std::int16_t& /*Shift*/) {
-    fail_not_yet("RowClick");
+void KarvoList::RowClick(std::int32_t Row, std::int16_t& Button, std::int16_t& Shift) {
+    rooms_->interaction.RowClick(Row, Button, Shift);
 }
 
-bool KarvoList::SetInput(std::int32_t /*Col*/) {
-    fail_not_yet("SetInput");
+bool KarvoList::SetInput(std::int32_t Col) {
+    return rooms_->editor.SetInput(Col);
 }
 
 // --- Events --------------------------------------------------------------------------------------

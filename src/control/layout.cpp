@@ -57,6 +57,14 @@ void place_editor_over(const Constituents& parts, std::int32_t col) {
                       static_cast<TwipsSingle>(line.RowHeight(1)));
 }
 
+std::int32_t column_at(const platform::Grid& grid, float x) {
+    std::int32_t col = grid.Cols() - 1;
+    while (col >= 0 && static_cast<float>(grid.ColPos(col)) > x) {
+        --col;
+    }
+    return col;
+}
+
 void lay_out(ControlState& state, FunctionButtons& buttons) {
     const Constituents& parts = state.parts;
     platform::Container& container = state.host.container;

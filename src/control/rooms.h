@@ -6,9 +6,16 @@
 #include "control/function_buttons.h"
 #include "control/keys.h"
 #include "control/layout.h"
+#include "control/part_listeners.h"
+#include "data/list_interaction.h"
 #include "data/list_loading.h"
 #include "data/record_source.h"
 #include "editing/commands.h"
+#include "editing/editor_keys.h"
+#include "editing/field_commit.h"
+#include "editing/field_editor.h"
+#include "editing/row_commands.h"
+#include "editing/row_commit.h"
 
 #include "krv/control/karvo_list.h"
 
@@ -20,31 +27,34 @@ namespace krv {
 class KarvoList::Rooms final : public editing::Commands, public platform::ContainerEvents {
 public:
     Rooms(const Constituents& constituents, const Surroundings& surroundings)
-        : state(constituents, surroundings)
-        , buttons(state)
-        , source(state)
-        , loading(state, source, buttons) {
+        : state(constituents, surroundings) {
         state.commands = this;
     }
 
-    ~Rooms() override { state.host.container.SetEvents(nullptr); }
+    ~Rooms() override { listen(Listening::off); }
 
-    // The routines behind these are not part of the control yet; calling them changes nothing.
-    void Add() override {}
+    /// From here on the control reacts to its surface and its parts.
+    void start_listening() { listen(Listening::on); }
 
-    void Insert() override {}
+    // --- What the routines call sideways ---------------------------------------------------------
 
-    void Copy() override {}
+    void Add() override { rows.Add(); }
 
-    void Delete() override {}
+    void Insert() override { rows.Insert(); }
 
-    void Confirm() override {}
+    void Copy() override { rows.Copy(); }
 
-    void CommitField() override {}
+    void Delete() override { rows.Delete(); }
 
-    void CloseField() override {}
+    void Confirm() override { row_commit.Confirm(); }
 
-    void RowChanged() override {}
+    void CommitField() override { field_commit.run(); }
+
+    void CloseField() override { field_commit.close(); }
+
+    void RowChanged() override { interaction.RowChanged(); }
+
+    // --- What the surface tells ------------------------------------------------------------------
 
     void Resize() override {
         if (laying_out) {
@@ -60,10 +70,7 @@ public:
 
     void ExitFocus() override { restore_tab_stops(state); }
 
-    void put_color(platform::Button& button, platform::OleColor color, std::string_view property) {
-        button.SetBackColor(color);
-        changed(property);
-    }
+    // --- What the face's members share -----------------------------------------------------------
 
     void changed(std::string_view property) { state.host.container.PropertyChanged(property); }
 
@@ -73,11 +80,48 @@ public:
         }
     }
 
+    void put_color(platform::Button& button, platform::OleColor color, std::string_view property) {
+        button.SetBackColor(color);
+        changed(property);
+    }
+
     ControlState state;
-    FunctionButtons buttons;
-    data::RecordSource source;
-    data::ListLoading loading;
+    FunctionButtons buttons{state};
+    data::RecordSource source{state};
+    data::ListLoading loading{state, source, buttons};
+    editing::FieldCommit field_commit{state};
+    editing::FieldEditor editor{state, field_commit};
+    editing::EditorKeys editor_keys{state, buttons, editor, field_commit};
+    editing::RowCommands rows{state, buttons, editor, field_commit};
+    editing::RowCommit row_commit{state, buttons, editor};
+    data::ListInteraction interaction{state, buttons, editor};
     bool laying_out = false;
+
+private:
+    enum class Listening : std::uint8_t { on, off };
+
+    void listen(Listening listening) {
+        const bool on = listening == Listening::on;
+        const Constituents& parts = state.parts;
+        state.host.container.SetEvents(on ? this : nullptr);
+        parts.Grid.SetEvents(on ? &on_list_ : nullptr);
+        parts.GridIn.SetEvents(on ? &on_input_line_ : nullptr);
+        parts.InpFld.SetEvents(on ? &on_editor_ : nullptr);
+        parts.btnAdd.SetEvents(on ? &on_add_ : nullptr);
+        parts.btnInsert.SetEvents(on ? &on_insert_ : nullptr);
+        parts.btnDelete.SetEvents(on ? &on_delete_ : nullptr);
+        parts.btnCopy.SetEvents(on ? &on_copy_ : nullptr);
+        parts.btnOK.SetEvents(on ? &on_ok_ : nullptr);
+    }
+
+    ListListener on_list_{*this, interaction};
+    InputLineListener on_input_line_{editor};
+    EditorListener on_editor_{editor, editor_keys, field_commit};
+    CommandListener on_add_{*this, &editing::Commands::Add};
+    CommandListener on_insert_{*this, &editing::Commands::Insert};
+    CommandListener on_delete_{*this, &editing::Commands::Delete};
+    CommandListener on_copy_{*this, &editing::Commands::Copy};
+    CommandListener on_ok_{*this, &editing::Commands::Confirm};
 };
 
 } // namespace krv

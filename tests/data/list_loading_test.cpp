@@ -260,11 +260,11 @@ protected:
         list().SetRows(2);
         list().SetTextMatrix(0, 0, "a0");
         list().SetTextMatrix(1, 1, "b1");
+        list().SetAutoStartInputOnClick(false);
+        list().SetRow(1);
         list().SetInputArray(1, "in corso");
-        parts().GridIn.SetVisible(true);
         parts().InpFld.SetText("scritto");
         parts().InpFld.SetVisible(true);
-        list().SetRow(1);
         changed.clear();
     }
 

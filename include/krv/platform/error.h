@@ -42,6 +42,7 @@ inline constexpr std::int32_t overflow = 6;
 inline constexpr std::int32_t out_of_memory = 7;
 inline constexpr std::int32_t subscript_out_of_range = 9;
 inline constexpr std::int32_t type_mismatch = 13;
+inline constexpr std::int32_t out_of_stack_space = 28;
 inline constexpr std::int32_t object_not_set = 91;
 inline constexpr std::int32_t invalid_use_of_null = 94;
 inline constexpr std::int32_t invalid_property_value = 380;
@@ -49,7 +50,6 @@ inline constexpr std::int32_t invalid_property_array_index = 381;
 inline constexpr std::int32_t property_is_read_only = 383;
 inline constexpr std::int32_t object_required = 424;
 inline constexpr std::int32_t no_such_member = 438;
-inline constexpr std::int32_t action_not_supported = 445;
 inline constexpr std::int32_t wrong_number_of_arguments = 450;
 
 } // namespace error_number

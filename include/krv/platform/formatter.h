@@ -28,6 +28,10 @@ public:
     ///         to 9999
     virtual void CStr(ValueView value, std::string& text) const = 0;
 
+    /// A number as text with a period in every region and a blank in front unless it is negative.
+    /// \throws RuntimeError 13 for what is no number, 94 for Null
+    virtual void Str(ValueView value, std::string& text) const = 0;
+
     /// The number that a text begins with, read in no region ("1,5" is 1); 0 when there is none.
     /// \throws RuntimeError 6 when too large, 13 for a percent sign behind a point or an exponent
     virtual double Val(std::string_view text) const = 0;

@@ -9,6 +9,7 @@ namespace krv::platform {
 inline constexpr std::int16_t key_backspace = 8;
 inline constexpr std::int16_t key_tab = 9;
 inline constexpr std::int16_t key_enter = 13;
+inline constexpr std::int16_t key_escape = 27;
 inline constexpr std::int16_t key_space = 32;
 inline constexpr std::int16_t key_page_up = 33;
 inline constexpr std::int16_t key_page_down = 34;

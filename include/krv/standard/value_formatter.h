@@ -58,7 +58,7 @@ public:
     /// A number with a period in every region, a blank in front unless it is negative, no 0 before
     /// the point: " .5". A Boolean or a date is as by CStr, a text is read as a number first.
     /// \throws RuntimeError 13, 94; 6 for a text that holds too large a number
-    void Str(platform::ValueView value, std::string& text) const;
+    void Str(platform::ValueView value, std::string& text) const override;
 
     std::string Str(platform::ValueView value) const {
         std::string text;
