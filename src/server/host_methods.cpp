@@ -28,8 +28,12 @@ Json resize(ServerState& state, const Params& params) {
 }
 
 Json focus(ServerState& state, const Params& params) {
-    FormControl& control = state.controls.find(params.text("id")).form_control();
     const std::string& name = params.text("part");
+    if (name == "outside" && !params.has("id")) {
+        state.form.focus_outside();
+        return Json::object();
+    }
+    FormControl& control = state.controls.find(params.text("id")).form_control();
     if (name == "outside") {
         state.form.focus_outside();
     } else {
