@@ -45,8 +45,9 @@ platform::MessageAnswer QtApplication::MsgBox(std::string_view text,
                                               platform::MessageButtons buttons) {
     if (message_handler_) {
         const MessageHandler handler = message_handler_;
+        const std::string shown(text);
         Yield(); // what waits comes while the box is up, before its answer
-        return handler(text, buttons);
+        return handler(shown, buttons);
     }
     // The host may destroy the control, or the whole window, while the box is open.
     const QPointer<QMessageBox> box =

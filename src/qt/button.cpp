@@ -1,6 +1,8 @@
 #include "qt/button.h"
 
+#include "krv/platform/keys.h"
 #include "krv/qt/colors.h"
+#include "qt/coded_events.h"
 #include "qt/keys.h"
 
 #include <QKeyEvent>
@@ -16,8 +18,8 @@ constexpr int frame_px = 2;
 constexpr int pressed_percent = 115;
 
 bool clicks(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
-           event.key() == Qt::Key_Space || event.key() == Qt::Key_Select;
+    const std::int16_t code = key_code(event);
+    return code == platform::key_enter || code == platform::key_space;
 }
 
 QColor between(const QColor& one, const QColor& other) {
@@ -35,6 +37,7 @@ FunctionButton::FunctionButton(QtButton& part, QWidget& parent)
 }
 
 bool FunctionButton::event(QEvent* event) {
+    const FormLoop::Activity activity(part_.surface().loop());
     if (event->type() == QEvent::KeyPress) {
         auto& key = static_cast<QKeyEvent&>(*event);
         if (is_tab(key) && part_.surface().tab_reaches(part_)) {
@@ -51,20 +54,50 @@ void FunctionButton::keyPressEvent(QKeyEvent* event) {
         part_.press_key(*event);
         return;
     }
-    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select) {
+    if (key_code(*event) == platform::key_space) {
         QPushButton::keyPressEvent(event); // clicks at the release
         return;
     }
     event->accept();
     if (!event->isAutoRepeat()) {
+        by_key_ = true;
+        QAbstractButton::click();
+        by_key_ = false;
+    }
+}
+
+void FunctionButton::keyReleaseEvent(QKeyEvent* event) {
+    by_key_ = true;
+    QPushButton::keyReleaseEvent(event);
+    by_key_ = false;
+}
+
+void FunctionButton::mousePressEvent(QMouseEvent* event) {
+    if (!part_.press_arrives()) {
+        return;
+    }
+    if (coded(*event) != nullptr) {
+        setDown(true);
+    } else {
+        QPushButton::mousePressEvent(event);
+    }
+}
+
+void FunctionButton::mouseReleaseEvent(QMouseEvent* event) {
+    const CodedMouseEvent* const sent = coded(*event);
+    if (sent == nullptr) {
+        QPushButton::mouseReleaseEvent(event);
+        return;
+    }
+    setDown(false);
+    if (sent->clicks() && sent->codes().button == 1) {
         QAbstractButton::click();
     }
 }
 
-void FunctionButton::mousePressEvent(QMouseEvent* event) {
-    const QPointer<FunctionButton> alive(this);
-    if (part_.press_arrives() && alive) {
-        QPushButton::mousePressEvent(event);
+void FunctionButton::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (coded(*event) == nullptr) {
+        QPushButton::mouseDoubleClickEvent(event);
     }
 }
 
@@ -125,30 +158,34 @@ void QtButton::apply_color() {
 }
 
 bool QtButton::press_arrives() {
-    const std::shared_ptr<Surface> shared = surface().shared_from_this();
     bool arrives = false;
-    shared->person_acts([&] { arrives = shared->has_focus(*this); });
+    surface().person_acts([&] { arrives = surface().has_focus(*this); });
     return arrives;
 }
 
 void QtButton::press_key(QKeyEvent& event) {
+    std::int16_t code = key_code(event);
     surface().key_acts([&] {
-        std::int16_t code = key_code(event);
-        std::int16_t shift = shift_state(event.modifiers());
-        if (code != 0 && surface().has_focus(*this)) {
+        std::int16_t shift = shift_state(event);
+        if (is_told(event) && surface().has_focus(*this)) {
             surface().key_down(code, shift);
         }
-        // Escape is the host's when the control left it alone: it closes dialogs.
-        event.setAccepted(code == 0 || event.key() != Qt::Key_Escape);
     });
+    // Escape is the host's when the control left it alone: it closes dialogs.
+    event.setAccepted(code == 0 || event.key() != Qt::Key_Escape);
 }
 
 void QtButton::click() {
-    surface().person_acts([this] {
+    const auto tell = [this] {
         if (events_ != nullptr) {
             events_->Click();
         }
-    });
+    };
+    if (button_->by_key_) {
+        surface().key_acts(tell);
+    } else {
+        surface().person_acts(tell);
+    }
 }
 
 } // namespace krv::qt

@@ -18,11 +18,17 @@ public:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    friend class QtButton;
+
     QtButton& part_;
+    bool by_key_ = false; ///< a click now comes from a key
 };
 
 /// A function button over a push button.
@@ -39,6 +45,8 @@ public:
     void SetBackColor(platform::OleColor color) override;
 
     void SetEvents(platform::ButtonEvents* events) override { events_ = events; }
+
+    void let_go() override { button_->setDown(false); }
 
     /// Draws the colour anew: the palette is another one.
     void apply_color();

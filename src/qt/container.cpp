@@ -2,7 +2,18 @@
 
 #include "krv/platform/error.h"
 
+#include <algorithm>
+
 namespace krv::qt {
+
+namespace {
+
+/// What a widget makes of a size in twips.
+int widget_px(const Resolution& resolution, platform::TwipsSingle twips) {
+    return std::clamp(resolution.px(static_cast<double>(twips)), 0, QWIDGETSIZE_MAX);
+}
+
+} // namespace
 
 QtContainer::QtContainer(Surface& surface)
     : surface_(surface) {
@@ -14,19 +25,21 @@ Resolution QtContainer::resolution() const {
 }
 
 void QtContainer::resize_widget() {
-    surface_.root().resize(resolution().px(width_), resolution().px(height_));
+    const Resolution now = resolution();
+    surface_.root().resize(widget_px(now, width_), widget_px(now, height_));
 }
 
 void QtContainer::SetWidth(platform::TwipsSingle width) {
-    if (width != width_) {
-        width_ = width;
-        resize_widget();
-        resized();
-    }
+    resize_to(width, height_);
 }
 
 void QtContainer::SetHeight(platform::TwipsSingle height) {
-    if (height != height_) {
+    resize_to(width_, height);
+}
+
+void QtContainer::resize_to(platform::TwipsSingle width, platform::TwipsSingle height) {
+    if (width != width_ || height != height_) {
+        width_ = width;
         height_ = height;
         resize_widget();
         resized();
@@ -38,7 +51,7 @@ void QtContainer::take_size() {
     const Resolution now = resolution();
     bool changed = false;
     const auto take = [&](platform::TwipsSingle& twips, int px) {
-        if (now.px(twips) != px) {
+        if (widget_px(now, twips) != px) {
             twips = static_cast<platform::TwipsSingle>(now.twips(px));
             changed = true;
         }

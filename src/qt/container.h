@@ -48,6 +48,9 @@ public:
         on_property_changed_ = std::move(handler);
     }
 
+    /// The form gives the control both sizes, in twips: raises one `Resize` when one of them is
+    /// another one.
+    void resize_to(platform::TwipsSingle width, platform::TwipsSingle height);
     /// The form gave the widget its size; raises `Resize` when it is another one.
     void take_size();
     /// Raises `Resize`.

@@ -25,12 +25,12 @@ QtGrid::~QtGrid() {
 
 void QtGrid::SetWidth(platform::TwipsSingle width) {
     Face::SetWidth(width);
-    view_->sync_view_size();
+    view_->set_size_twips(Width(), Height());
 }
 
 void QtGrid::SetHeight(platform::TwipsSingle height) {
     Face::SetHeight(height);
-    view_->sync_view_size();
+    view_->set_size_twips(Width(), Height());
 }
 
 void QtGrid::Move(platform::TwipsSingle left,
@@ -38,7 +38,7 @@ void QtGrid::Move(platform::TwipsSingle left,
                   platform::TwipsSingle width,
                   platform::TwipsSingle height) {
     Face::Move(left, top, width, height);
-    view_->sync_view_size();
+    view_->set_size_twips(Width(), Height());
 }
 
 void QtGrid::act(const std::function<void()>& what) {
@@ -58,7 +58,7 @@ void QtGrid::mouse_up(std::int16_t button, std::int16_t shift, float x, float y)
 }
 
 void QtGrid::click(std::int16_t button, std::int16_t shift, float x, float y) {
-    if (events() != nullptr) {
+    if (events() != nullptr && can_take_focus()) { // the release may have hidden the grid
         events()->Click(button, shift, x, y);
     }
 }
@@ -69,21 +69,32 @@ void QtGrid::double_click() {
     }
 }
 
-bool QtGrid::key_down(const QKeyEvent& event) {
+bool QtGrid::key_down(const QKeyEvent& event, const std::function<void(std::int16_t)>& scroll) {
     std::int16_t code = key_code(event);
-    std::int16_t shift = shift_state(event.modifiers());
+    std::int16_t shift = shift_state(event);
     surface().key_acts([&] {
         if (!surface().has_focus(*this)) {
             code = 0;
-        } else if (code == 0) {
+        } else if (!is_told(event)) {
             return;
         } else if (keys_ == standard::GridKeys::surface) {
             surface().key_down(code, shift);
         } else if (events() != nullptr) {
             events()->KeyDown(code, shift);
         }
+        if (code != 0 && surface().has_focus(*this)) {
+            scroll(code);
+        }
     });
     return code != 0;
+}
+
+void QtGrid::raise_row_col_change() {
+    surface().deliver([this] {
+        if (events() != nullptr) {
+            events()->RowColChange();
+        }
+    });
 }
 
 } // namespace krv::qt

@@ -25,6 +25,8 @@ public:
               platform::TwipsSingle width,
               platform::TwipsSingle height) override;
 
+    void let_go() override { view_->let_go(); }
+
 private:
     using Face = standard::GridFace<QtPart<platform::Grid>>;
 
@@ -36,7 +38,8 @@ private:
     void mouse_up(std::int16_t button, std::int16_t shift, float x, float y) override;
     void click(std::int16_t button, std::int16_t shift, float x, float y) override;
     void double_click() override;
-    bool key_down(const QKeyEvent& event) override;
+    bool key_down(const QKeyEvent& event, const std::function<void(std::int16_t)>& scroll) override;
+    void raise_row_col_change() override;
 
     bool tab_arrives() override { return surface().tab_reaches(*this); }
 

@@ -1,6 +1,7 @@
 #include "krv/qt/grid_view.h"
 
 #include "krv/standard/flex_grid.h"
+#include "krv/standard/measures.h"
 #include "qt/accessible_grid.h"
 #include "qt/grid_painter.h"
 #include "qt/keys.h"
@@ -24,10 +25,6 @@ namespace {
 constexpr std::int32_t last_possible_row = std::numeric_limits<std::int32_t>::max();
 
 const QEvent::Type flush_event = static_cast<QEvent::Type>(QEvent::registerEventType());
-
-platform::Twips whole_twips(double twips) {
-    return static_cast<platform::Twips>(std::lrint(twips));
-}
 
 /// What is shifted on the screen must lie on the screen's own pixels.
 bool shifts_exactly(const QWidget& widget) {
@@ -297,10 +294,23 @@ void GridView::sync_view_size() {
     down = down || (allowed && content_height > height_px - (across ? bar : 0));
     setVerticalScrollBarPolicy(down ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(across ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-    grid_.set_view_size(whole_twips(resolution_.twips(width_px - (down ? bar : 0))),
-                        whole_twips(resolution_.twips(height_px - (across ? bar : 0))));
+    grid_.set_view_size(seen_twips(width_twips_, width(), right_margin_ + (down ? bar : 0)),
+                        seen_twips(height_twips_, height(), across ? bar : 0));
     update_scroll_bars();
     emit viewSizeChanged();
+}
+
+platform::Twips
+GridView::seen_twips(std::optional<platform::TwipsSingle> size, int px, int taken_px) const {
+    const double twips = size ? static_cast<double>(*size) : resolution_.twips(px);
+    return standard::whole_twips(
+        static_cast<platform::TwipsSingle>(twips - resolution_.twips(taken_px)));
+}
+
+void GridView::set_size_twips(platform::TwipsSingle width, platform::TwipsSingle height) {
+    width_twips_ = width;
+    height_twips_ = height;
+    sync_view_size();
 }
 
 int GridView::scroll_bar_width() const {

@@ -1,6 +1,8 @@
 #include "krv/qt/grid_view.h"
 
 #include "krv/standard/flex_grid.h"
+#include "krv/standard/measures.h"
+#include "qt/coded_events.h"
 #include "qt/keys.h"
 
 #include <QApplication>
@@ -28,23 +30,33 @@ constexpr double wheel_notch = 120.0;
 
 } // namespace
 
+bool GridViewOwner::key_down(const QKeyEvent& event,
+                             const std::function<void(std::int16_t)>& scroll) {
+    scroll(key_code(event));
+    return true;
+}
+
 /// A place in twips, and what was pressed there.
 struct GridView::MousePlace {
     std::int16_t button;
     std::int16_t shift;
-    double x;
-    double y;
+    float x;
+    float y;
 
     static MousePlace of(const QMouseEvent& event, const Resolution& resolution) {
-        return {button_code(event.button()),
-                shift_state(event.modifiers()),
-                resolution.twips(event.position().x()),
-                resolution.twips(event.position().y())};
+        if (const CodedMouseEvent* const sent = coded(event)) {
+            const MouseCodes& codes = sent->codes();
+            return {codes.button, codes.shift, codes.x, codes.y};
+        }
+        return {button_code(event),
+                shift_state(event),
+                static_cast<float>(resolution.twips(event.position().x())),
+                static_cast<float>(resolution.twips(event.position().y()))};
     }
 
-    platform::Twips x_twips() const { return static_cast<platform::Twips>(std::lrint(x)); }
+    platform::Twips x_twips() const { return standard::whole_twips(x); }
 
-    platform::Twips y_twips() const { return static_cast<platform::Twips>(std::lrint(y)); }
+    platform::Twips y_twips() const { return standard::whole_twips(y); }
 };
 
 void GridView::mousePressEvent(QMouseEvent* event) {
@@ -54,7 +66,12 @@ void GridView::mousePressEvent(QMouseEvent* event) {
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
     event->accept();
-    press(MousePlace::of(*event, resolution_), true);
+    if (coded(*event) == nullptr) {
+        press(MousePlace::of(*event, resolution_), true);
+        return;
+    }
+    GridViewOwner& owner = owner_or_none(owner_);
+    owner.act([&] { owner.double_click(); });
 }
 
 void GridView::press(const MousePlace& place, bool twice) {
@@ -71,10 +88,7 @@ void GridView::press(const MousePlace& place, bool twice) {
         click_follows_ = !twice;
         grid_.mouse_press(place.x_twips(), place.y_twips());
         if (alive) {
-            owner.mouse_down(place.button,
-                             place.shift,
-                             static_cast<float>(place.x),
-                             static_cast<float>(place.y));
+            owner.mouse_down(place.button, place.shift, place.x, place.y);
         }
         if (alive && twice) {
             owner.double_click();
@@ -87,9 +101,7 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
         return;
     }
     if (event->buttons() == Qt::NoButton) {
-        // A message box took the release.
-        pressed_ = false;
-        grid_.mouse_release();
+        let_go(); // a message box took the release
         return;
     }
     const MousePlace place = MousePlace::of(*event, resolution_);
@@ -98,22 +110,27 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
-    if (pressed_ && button_code(event->button()) == pressed_button_) {
-        release(MousePlace::of(*event, resolution_));
+    const CodedMouseEvent* const sent = coded(*event);
+    if (!pressed_ || (sent == nullptr && button_code(*event) != pressed_button_)) {
+        return;
     }
+    click_follows_ = sent != nullptr ? sent->clicks() : click_follows_;
+    release(MousePlace::of(*event, resolution_));
+}
+
+void GridView::let_go() {
+    pressed_ = false;
+    grid_.mouse_release();
 }
 
 void GridView::release(const MousePlace& place) {
-    pressed_ = false;
-    grid_.mouse_release();
+    let_go();
     GridViewOwner& owner = owner_or_none(owner_);
     const QPointer<GridView> alive(this);
-    const auto x = static_cast<float>(place.x);
-    const auto y = static_cast<float>(place.y);
     owner.act([&] {
-        owner.mouse_up(place.button, place.shift, x, y);
+        owner.mouse_up(place.button, place.shift, place.x, place.y);
         if (alive && click_follows_) {
-            owner.click(place.button, place.shift, x, y);
+            owner.click(place.button, place.shift, place.x, place.y);
         }
     });
 }
@@ -125,7 +142,8 @@ bool GridView::click_row(std::int32_t row) {
     const QPointer<GridView> alive(this);
     setFocus(Qt::OtherFocusReason);
     grid_.ensure_visible(row, -1);
-    const MousePlace place{1, 0, 0, grid_.RowPos(row) + grid_.RowHeight(row) / 2.0};
+    const MousePlace place{
+        1, 0, 0, static_cast<float>(grid_.RowPos(row) + grid_.RowHeight(row) / 2.0)};
     press(place, false);
     if (alive && pressed_) {
         release(place);
@@ -136,15 +154,14 @@ bool GridView::click_row(std::int32_t row) {
 void GridView::keyPressEvent(QKeyEvent* event) {
     GridViewOwner& owner = owner_or_none(owner_);
     const QPointer<GridView> alive(this);
-    const std::int16_t code = key_code(*event);
+    const auto scroll = [&](std::int16_t code) {
+        if (alive) {
+            grid_.scroll_by_key(code);
+        }
+    };
+    const bool swallowed = !owner.key_down(*event, scroll);
     // Escape alone is left to the host when nobody swallows it: it closes dialogs.
-    event->setAccepted(event->key() != Qt::Key_Escape);
-    const bool goes_on = owner.key_down(*event);
-    if (!alive || !goes_on) {
-        event->accept();
-        return;
-    }
-    grid_.scroll_by_key(code);
+    event->setAccepted(swallowed || event->key() != Qt::Key_Escape);
 }
 
 void GridView::wheelEvent(QWheelEvent* event) {

@@ -32,8 +32,8 @@ KarvoListWidget::Rooms::Rooms(KarvoListWidget& widget,
         button->SetHeight(button_height);
     }
     grid_in.SetHeight(input_line_height);
-    container.set_parts(
-        {&grid, &grid_in, &inp_fld, &btn_add, &btn_insert, &btn_copy, &btn_delete, &btn_ok, &line});
+    const std::array<platform::Part*, 9> all = parts();
+    container.set_parts({all.begin(), all.end()});
     name_parts();
     keep_columns_aligned();
     inp_fld.set_on_show([this] { show_edited_column(); });
@@ -56,6 +56,40 @@ KarvoListWidget::Rooms::~Rooms() {
     surface->close();
 }
 
+void KarvoListWidget::Rooms::end(std::unique_ptr<Rooms> rooms) {
+    const std::shared_ptr<Surface> surface = rooms->surface;
+    surface->close();
+    rooms->list.reset();
+    if (surface->loop()->is_active()) {
+        rooms->fall_silent();
+        surface->loop()->bury(std::move(rooms));
+    }
+}
+
+void KarvoListWidget::Rooms::fall_silent() {
+    container.SetEvents(nullptr);
+    grid.SetEvents(nullptr);
+    grid_in.SetEvents(nullptr);
+    inp_fld.SetEvents(nullptr);
+    for (QtButton* button : buttons()) {
+        button->SetEvents(nullptr);
+    }
+    for (PartHandle* part : handles()) {
+        part->widget()->hide();
+        part->widget()->setParent(nullptr); // the control's widget would take it along
+    }
+}
+
+std::array<platform::Part*, 9> KarvoListWidget::Rooms::parts() {
+    return {
+        &grid, &grid_in, &inp_fld, &btn_add, &btn_insert, &btn_copy, &btn_delete, &btn_ok, &line};
+}
+
+std::array<PartHandle*, 9> KarvoListWidget::Rooms::handles() {
+    return {
+        &grid, &grid_in, &inp_fld, &btn_add, &btn_insert, &btn_copy, &btn_delete, &btn_ok, &line};
+}
+
 Constituents KarvoListWidget::Rooms::constituents() noexcept {
     return {grid, grid_in, inp_fld, btn_add, btn_insert, btn_delete, btn_copy, btn_ok, line};
 }
@@ -65,15 +99,7 @@ std::array<QtButton*, 5> KarvoListWidget::Rooms::buttons() {
 }
 
 void KarvoListWidget::Rooms::place_parts() {
-    for (PartHandle* part : std::initializer_list<PartHandle*>{&grid,
-                                                               &grid_in,
-                                                               &inp_fld,
-                                                               &btn_add,
-                                                               &btn_insert,
-                                                               &btn_delete,
-                                                               &btn_copy,
-                                                               &btn_ok,
-                                                               &line}) {
+    for (PartHandle* part : handles()) {
         part->place();
     }
 }

@@ -21,6 +21,9 @@ struct KarvoListWidget::Rooms {
           std::shared_ptr<const platform::Formatter> format);
     ~Rooms();
 
+    /// Ends the control. What is left of its parts stays while code of theirs may be running.
+    static void end(std::unique_ptr<Rooms> rooms);
+
     Constituents constituents() noexcept;
     std::array<QtButton*, 5> buttons();
     /// Places every part anew: the resolution is another one.
@@ -43,6 +46,9 @@ struct KarvoListWidget::Rooms {
     std::unique_ptr<KarvoList> list;
 
 private:
+    std::array<platform::Part*, 9> parts();
+    std::array<PartHandle*, 9> handles();
+    void fall_silent();
     void name_parts();
     void keep_columns_aligned();
     void show_edited_column();

@@ -27,11 +27,9 @@ KarvoListWidget::KarvoListWidget(std::shared_ptr<platform::DataAccess> data_acce
 }
 
 KarvoListWidget::~KarvoListWidget() {
-    rooms_->surface->close();
-    rooms_->list.reset();
     // Parts notice events of their widgets while these go, and the widget those of its own: there
     // is nothing behind the pointer by then.
-    rooms_.reset();
+    Rooms::end(std::move(rooms_));
 }
 
 KarvoList& KarvoListWidget::list() noexcept {

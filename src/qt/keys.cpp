@@ -1,5 +1,8 @@
 #include "qt/keys.h"
 
+#include "krv/platform/keys.h"
+#include "qt/coded_events.h"
+
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -72,6 +75,9 @@ std::int16_t special_code(int key) {
 } // namespace
 
 std::int16_t key_code(const QKeyEvent& event) {
+    if (const CodedKeyEvent* sent = coded(event)) {
+        return sent->code();
+    }
     const int key = event.key();
     if ((event.modifiers() & Qt::KeypadModifier) != 0) {
         if (const std::int16_t code = keypad_code(key)) {
@@ -91,12 +97,42 @@ std::int16_t key_code(const QKeyEvent& event) {
     return types ? other_character : std::int16_t{0};
 }
 
+bool is_told(const QKeyEvent& event) {
+    return coded(event) != nullptr || key_code(event) != 0;
+}
+
+Qt::Key qt_key(std::int16_t code, std::int16_t shift) {
+    if (code == platform::key_tab) {
+        return (shift & platform::shift_key) != 0 ? Qt::Key_Backtab : Qt::Key_Tab;
+    }
+    if ((code >= '0' && code <= '9') || (code >= 'A' && code <= 'Z')) {
+        return static_cast<Qt::Key>(code);
+    }
+    if (code >= platform::key_f1 && code < platform::key_f1 + 24) {
+        return static_cast<Qt::Key>(Qt::Key_F1 + (code - platform::key_f1));
+    }
+    const auto found = std::find_if(special_keys.begin(),
+                                    special_keys.end(),
+                                    [code](const KeyPair& pair) { return pair.second == code; });
+    return found == special_keys.end() ? Qt::Key_unknown : static_cast<Qt::Key>(found->first);
+}
+
 std::int16_t shift_state(Qt::KeyboardModifiers modifiers) {
     int state = 0;
     state += (modifiers & Qt::ShiftModifier) != 0 ? 1 : 0;
     state += (modifiers & Qt::ControlModifier) != 0 ? 2 : 0;
     state += (modifiers & Qt::AltModifier) != 0 ? 4 : 0;
     return static_cast<std::int16_t>(state);
+}
+
+std::int16_t shift_state(const QKeyEvent& event) {
+    const CodedKeyEvent* const sent = coded(event);
+    return sent != nullptr ? sent->shift() : shift_state(event.modifiers());
+}
+
+std::int16_t shift_state(const QMouseEvent& event) {
+    const CodedMouseEvent* const sent = coded(event);
+    return sent != nullptr ? sent->codes().shift : shift_state(event.modifiers());
 }
 
 std::int16_t button_code(Qt::MouseButton button) {
@@ -112,8 +148,14 @@ std::int16_t button_code(Qt::MouseButton button) {
     }
 }
 
+std::int16_t button_code(const QMouseEvent& event) {
+    const CodedMouseEvent* const sent = coded(event);
+    return sent != nullptr ? sent->codes().button : button_code(event.button());
+}
+
 bool is_tab(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+    const bool plain = (shift_state(event) & ~platform::shift_key) == 0;
+    return plain && (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab);
 }
 
 } // namespace krv::qt

@@ -23,39 +23,36 @@ template <class Interface>
 class QtPart : public Interface, public PartHandle {
 public:
     QtPart(Surface& surface, std::string name)
-        : surface_(surface)
+        : PartHandle(surface)
         , name_(std::move(name)) {}
 
     /// The widget calls the part, so it goes first.
     ~QtPart() override { delete widget_.data(); }
-
-    QtPart(const QtPart&) = delete;
-    QtPart& operator=(const QtPart&) = delete;
 
     std::string_view Name() const override { return name_; }
 
     bool Visible() const override { return visible_; }
 
     void SetVisible(bool visible) override {
-        const bool leaves = !visible && surface_.has_focus(*this);
+        const bool leaves = !visible && surface().has_focus(*this);
         visible_ = visible;
         if (leaves) {
-            surface_.move_focus_on(*this);
+            surface().move_focus_on(*this);
         }
         widget_->setVisible(visible);
-        surface_.sync_focus();
+        surface().sync_focus();
     }
 
     bool Enabled() const override { return enabled_; }
 
     void SetEnabled(bool enabled) override {
-        const bool leaves = !enabled && surface_.has_focus(*this);
+        const bool leaves = !enabled && surface().has_focus(*this);
         enabled_ = enabled;
         if (leaves) {
-            surface_.move_focus_on(*this);
+            surface().move_focus_on(*this);
         }
         widget_->setEnabled(enabled);
-        surface_.sync_focus();
+        surface().sync_focus();
     }
 
     bool TabStop() const override { return tab_stop_; }
@@ -105,10 +102,10 @@ public:
             throw platform::RuntimeError(
                 platform::error_number::invalid_call, "Invalid procedure call or argument", name_);
         }
-        if (!surface_.has_focus(*this)) {
+        if (!surface().has_focus(*this)) {
             widget_->setFocus(Qt::OtherFocusReason);
         }
-        surface_.sync_focus();
+        surface().sync_focus();
     }
 
     QWidget* widget() const override { return widget_; }
@@ -150,10 +147,7 @@ protected:
         place();
     }
 
-    Surface& surface() const noexcept { return surface_; }
-
 private:
-    Surface& surface_;
     std::string name_;
     QPointer<QWidget> widget_;
     bool visible_ = true;

@@ -3,7 +3,6 @@
 #include "krv/platform/error.h"
 #include "qt/part_handle.h"
 
-#include <QApplication>
 #include <QDebug>
 
 #include <algorithm>
@@ -12,18 +11,18 @@
 namespace krv::qt {
 
 std::shared_ptr<Surface> Surface::make(QWidget& root) {
-    std::shared_ptr<Surface> surface(new Surface(root));
-    surface->focus_watch_ = QObject::connect(
-        qApp, &QApplication::focusChanged, &root, [self = surface.get()] { self->sync_focus(); });
-    return surface;
+    return std::shared_ptr<Surface>(new Surface(root));
 }
 
 Surface::Surface(QWidget& root)
-    : root_(&root) {
-    queue_.set_on_post([this] { plan_turn(); });
+    : root_(&root)
+    , loop_(FormLoop::shared()) {
+    loop_->add(*this);
 }
 
-Surface::~Surface() = default;
+Surface::~Surface() {
+    loop_->remove(*this);
+}
 
 void Surface::add(PartHandle& part) {
     if (!parts_.empty()) {
@@ -34,51 +33,44 @@ void Surface::add(PartHandle& part) {
 
 void Surface::close() noexcept {
     closed_ = true;
-    QObject::disconnect(focus_watch_);
+    for (PartHandle* part : parts_) {
+        part->end_life();
+    }
     parts_.clear();
     focused_ = nullptr;
+    gaining_ = nullptr;
     key_begins_ = nullptr;
     on_exit_focus_ = nullptr;
     on_key_down_ = nullptr;
 }
 
-void Surface::turn() {
-    const std::shared_ptr<Surface> self = shared_from_this();
-    sync_focus();
-    queue_.turn();
-}
-
-void Surface::plan_turn() {
-    if (planned_ || closed_) {
+void Surface::leave() {
+    if (closed_ || !has_focus_inside()) {
+        close();
         return;
     }
-    planned_ = true;
-    QMetaObject::invokeMethod(
-        qApp,
-        [weak = weak_from_this()] {
-            if (const std::shared_ptr<Surface> self = weak.lock()) {
-                self->planned_turn();
-            }
-        },
-        Qt::QueuedConnection);
+    QWidget* const start = form_focus();
+    QWidget* const next = next_tab_stop(*start, root_);
+    close();
+    if (next != nullptr) {
+        next->setFocus(Qt::OtherFocusReason);
+    } else {
+        start->clearFocus();
+    }
+    loop_->sync_focus();
 }
 
-void Surface::planned_turn() noexcept {
-    planned_ = false;
-    try {
-        if (!closed_) {
-            turn();
-        }
-    } catch (...) {
-        report(std::current_exception());
-    }
-    if (!queue_.empty()) {
-        plan_turn();
-    }
-}
+// Focus
 
 QWidget* Surface::form_focus() const {
     return root_ ? root_->window()->focusWidget() : nullptr;
+}
+
+PartHandle* Surface::part_of(const QWidget& widget) const {
+    const auto found = std::find_if(parts_.begin(), parts_.end(), [&](const PartHandle* part) {
+        return part->widget() == &widget;
+    });
+    return found == parts_.end() ? nullptr : *found;
 }
 
 PartHandle* Surface::part_with(const QWidget* focused) const {
@@ -92,32 +84,45 @@ PartHandle* Surface::part_with(const QWidget* focused) const {
 }
 
 void Surface::sync_focus() {
+    if (!closed_) {
+        loop_->sync_focus();
+    }
+}
+
+void Surface::notice_loss() {
     if (closed_) {
         return;
     }
     const QWidget* const focused = form_focus();
     PartHandle* const now = part_with(focused);
-    if (PartHandle* const before = std::exchange(focused_, now); before != now) {
-        if (before != nullptr) {
-            queue_.post(before->life(), [before] { before->focus_lost(); });
-        }
-        if (now != nullptr) {
-            queue_.post(now->life(), [now] { now->focus_gained(); });
-        }
+    PartHandle* const before = std::exchange(focused_, now);
+    gaining_ = before == now ? nullptr : now;
+    if (before != nullptr && before != now) {
+        queue().post(before->life(), [this, before] { deliver([=] { before->focus_lost(); }); });
     }
     const bool inside = now != nullptr || focused == root_;
     if (std::exchange(inside_, inside) && !inside) {
-        queue_.post(life_, [this] {
+        queue().post(life_, [this] {
             if (!inside_ && on_exit_focus_) {
-                const std::function<void()> handler = on_exit_focus_;
-                handler();
+                deliver(Act(on_exit_focus_)); // a copy: the handler may close the surface
             }
         });
     }
 }
 
+void Surface::notice_gain() {
+    if (PartHandle* const part = std::exchange(gaining_, nullptr)) {
+        queue().post(part->life(), [this, part] { deliver([=] { part->focus_gained(); }); });
+    }
+}
+
 bool Surface::has_focus(const PartHandle& part) const {
     return !closed_ && part_with(form_focus()) == &part;
+}
+
+bool Surface::has_focus_inside() const {
+    const QWidget* const focused = form_focus();
+    return focused != nullptr && (focused == root_ || root_->isAncestorOf(focused));
 }
 
 bool Surface::takes_tab(const QWidget& widget) const {
@@ -126,21 +131,29 @@ bool Surface::takes_tab(const QWidget& widget) const {
         return false;
     }
     // A part of a form that was never shown counts as hidden with Qt: ask the part itself.
-    const PartHandle* const part = part_with(&widget);
+    const PartHandle* const part = loop_->part_of(widget);
     return part != nullptr ? part->can_take_focus() : widget.isVisibleTo(widget.window());
+}
+
+/// The next tab stop behind a widget that is not inside another one; null when there is none.
+QWidget* Surface::next_tab_stop(QWidget& start, const QWidget* passed_over) const {
+    for (QWidget* next = start.nextInFocusChain(); next != nullptr && next != &start;
+         next = next->nextInFocusChain()) {
+        const bool passed = passed_over != nullptr && passed_over->isAncestorOf(next);
+        if (!passed && takes_tab(*next)) {
+            return next;
+        }
+    }
+    return nullptr;
 }
 
 void Surface::move_focus_on(const PartHandle& from) {
     QWidget* const start = from.widget();
-    for (QWidget* next = start->nextInFocusChain(); next != nullptr && next != start;
-         next = next->nextInFocusChain()) {
-        if (takes_tab(*next)) {
-            next->setFocus(Qt::OtherFocusReason);
-            sync_focus();
-            return;
-        }
+    if (QWidget* const next = next_tab_stop(*start, nullptr)) {
+        next->setFocus(Qt::OtherFocusReason);
+    } else {
+        start->clearFocus();
     }
-    start->clearFocus();
     sync_focus();
 }
 
@@ -151,13 +164,87 @@ bool Surface::tab_reaches(const PartHandle& part) const {
            });
 }
 
-void Surface::report(const std::exception_ptr& error) noexcept {
+// Acts and errors
+
+void Surface::deliver(const Act& notification) {
+    const std::shared_ptr<Surface> self = shared_from_this();
     try {
-        if (error_handler_) {
-            const ErrorHandler handler = error_handler_;
-            handler(error);
-            return;
+        notification();
+    } catch (...) {
+        self->loop_->set_failing(self);
+        throw;
+    }
+}
+
+void Surface::guard(const Act& act) noexcept {
+    const std::shared_ptr<Surface> self = shared_from_this();
+    const FormLoop::Activity activity(loop_);
+    try {
+        act();
+    } catch (...) {
+        self->report(std::current_exception());
+    }
+}
+
+void Surface::turn_of_its_own() noexcept {
+    if (closed_) {
+        return;
+    }
+    try {
+        turn();
+    } catch (...) {
+        loop_->report(std::current_exception(), this);
+    }
+}
+
+bool Surface::person_acts(const Act& act) noexcept {
+    const std::shared_ptr<Surface> self = shared_from_this();
+    const FormLoop::Activity activity(loop_);
+    FormLoop::Script* const script = loop_->script();
+    const FormLoop::Script::Pause pause(*loop_);
+    if (script == nullptr) {
+        turn_of_its_own();
+    }
+    bool done = false;
+    if (!closed_) {
+        try {
+            act();
+            done = true;
+        } catch (...) {
+            script != nullptr ? script->keep(std::current_exception())
+                              : report(std::current_exception());
         }
+    }
+    if (script == nullptr) {
+        turn_of_its_own();
+    }
+    return done;
+}
+
+void Surface::key_acts(const Act& act) noexcept {
+    const std::shared_ptr<Surface> self = shared_from_this();
+    const FormLoop::Activity activity(loop_);
+    const Act follow = key_begins_ ? key_begins_() : nullptr;
+    if (person_acts(act) && !closed_ && follow) {
+        follow();
+    }
+}
+
+void Surface::report(const std::exception_ptr& error) noexcept {
+    const ErrorHandler handler = error_handler_; // a copy: the handler may replace itself
+    if (!handler) {
+        log(error);
+        return;
+    }
+    try {
+        handler(error);
+    } catch (...) {
+        log(std::current_exception());
+    }
+}
+
+void Surface::log(const std::exception_ptr& error) noexcept {
+    try {
         std::rethrow_exception(error);
     } catch (const platform::RuntimeError& failure) {
         qWarning("%s: error %d: %s",

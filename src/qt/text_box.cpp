@@ -1,5 +1,6 @@
 #include "qt/text_box.h"
 
+#include "krv/platform/keys.h"
 #include "qt/keys.h"
 #include "qt/length_limit.h"
 
@@ -31,6 +32,8 @@ FieldEdit::FieldEdit(QtTextBox& part, QWidget& parent)
 }
 
 bool FieldEdit::event(QEvent* event) {
+    // Qt goes on with the line edit after its text changed: it may not be freed in between.
+    const FormLoop::Activity activity(part_.surface().loop());
     if (event->type() == QEvent::KeyPress) {
         auto& key = static_cast<QKeyEvent&>(*event);
         if (!is_tab(key) || part_.surface().tab_reaches(part_)) {
@@ -41,33 +44,40 @@ bool FieldEdit::event(QEvent* event) {
 }
 
 bool FieldEdit::press_key(QKeyEvent& event) {
-    // A handler may destroy the control: nothing of it is touched after the call.
     event.accept();
     part_.press_key(event);
     return event.isAccepted();
 }
 
+void FieldEdit::focusInEvent(QFocusEvent* event) {
+    // What is selected is for the control to say, also when the focus came by Tab.
+    const bool by_tab =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    QFocusEvent plain(event->type(), by_tab ? Qt::OtherFocusReason : event->reason());
+    QLineEdit::focusInEvent(&plain);
+}
+
+void FieldEdit::focusOutEvent(QFocusEvent* event) {
+    QFocusEvent keeping_the_selection(event->type(), Qt::ActiveWindowFocusReason);
+    QLineEdit::focusOutEvent(&keeping_the_selection);
+}
+
 void FieldEdit::inputMethodEvent(QInputMethodEvent* event) {
-    const std::shared_ptr<Surface> surface = part_.surface().shared_from_this();
-    const QPointer<FieldEdit> self(this);
-    surface->key_acts([&] {
-        std::int16_t code = input_method_key;
-        std::int16_t shift = 0;
-        if (!event->commitString().isEmpty() && part_.events_ != nullptr) {
-            part_.events_->KeyDown(code, shift);
-        }
-        if (self && code != 0) {
-            QLineEdit::inputMethodEvent(event);
-        }
-    });
+    part_.input_method(*event);
 }
 
 void FieldEdit::mousePressEvent(QMouseEvent* event) {
     part_.press(*event, QtTextBox::Press::once);
 }
 
+void FieldEdit::mouseMoveEvent(QMouseEvent* event) {
+    if (coded(*event) == nullptr) {
+        QLineEdit::mouseMoveEvent(event);
+    }
+}
+
 void FieldEdit::mouseReleaseEvent(QMouseEvent* event) {
-    if (!press_dropped_) {
+    if (!press_dropped_ && coded(*event) == nullptr) {
         QLineEdit::mouseReleaseEvent(event);
     }
 }
@@ -108,6 +118,7 @@ void QtTextBox::SetText(std::string_view text) {
     edit_->setText(next);
     edit_->setCursorPosition(0);
     assigning_ = false;
+    text_ = next;
     limit_->set_limit(length_limit);
     if (events_ != nullptr) {
         events_->Change();
@@ -166,7 +177,7 @@ void QtTextBox::focus_lost() {
 }
 
 void QtTextBox::SetVisible(bool visible) {
-    if (visible && on_show_) {
+    if (visible && !Visible() && on_show_) {
         on_show_();
     }
     QtPart::SetVisible(visible);
@@ -177,39 +188,121 @@ void QtTextBox::SetVisible(bool visible) {
 
 void QtTextBox::text_changed() {
     limit_->set_text(edit_->text());
-    if (assigning_ || events_ == nullptr) {
+    if (assigning_ || std::exchange(text_, edit_->text()) == edit_->text() || events_ == nullptr) {
         return;
     }
-    const std::shared_ptr<Surface> shared = surface().shared_from_this();
+    // Raised from inside the line edit: what a handler lets out may not pass through Qt, and the
+    // line edit may not be freed before it has ended.
+    const FormLoop::Activity activity(surface().loop());
     try {
         events_->Change();
     } catch (...) {
-        // Raised from inside the line edit: what a handler lets out may not pass through Qt.
-        shared->report(std::current_exception());
+        if (failure_ == nullptr) {
+            surface().report(std::current_exception());
+        } else if (!*failure_) {
+            *failure_ = std::current_exception();
+        }
     }
 }
 
-bool QtTextBox::key_goes_on(const QKeyEvent& event) {
+/// Lets the line edit work; the first error of a change comes out behind that.
+template <class Act>
+void QtTextBox::edit(Act act) {
+    std::exception_ptr failure;
+    std::exception_ptr* const outer = std::exchange(failure_, &failure);
+    act();
+    failure_ = outer;
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+}
+
+// Keys
+
+void QtTextBox::press_key(QKeyEvent& event) {
+    surface().key_acts([&] {
+        // What waited may have taken the focus elsewhere; then the key was not meant for this box.
+        if (surface().has_focus(*this)) {
+            work_through(event);
+        }
+    });
+}
+
+void QtTextBox::work_through(QKeyEvent& event) {
     std::int16_t code = key_code(event);
-    std::int16_t shift = shift_state(event.modifiers());
-    if (events_ != nullptr && code != 0) {
+    std::int16_t shift = shift_state(event);
+    if (events_ != nullptr && is_told(event)) {
         events_->KeyDown(code, shift);
-        return code != 0;
+        if (code == 0 || !surface().has_focus(*this)) {
+            return;
+        }
     }
-    return true;
+    if (const CodedKeyEvent* const sent = coded(event)) {
+        act_on(*sent, code, shift);
+        return;
+    }
+    const std::optional<QString> text = typed_text(event.text());
+    if (!text || !surface().has_focus(*this) || is_tab(event)) {
+        return;
+    }
+    if (*text == event.text()) {
+        edit([&] { edit_->type(event); });
+    } else {
+        insert(*text);
+    }
 }
 
-/// What the handler let through, or made of it; nothing when it swallowed the key.
-std::optional<QString> QtTextBox::typed_text(const QKeyEvent& event) {
-    if (events_ == nullptr) {
-        return event.text();
+/// Deliberate: a program's key does what the control's keys are said to do and no more. Shortcuts
+/// of the line edit differ from one desktop to the next.
+void QtTextBox::act_on(const CodedKeyEvent& event, std::int16_t code, std::int16_t shift) {
+    act_on_key(code, shift);
+    if (event.text().isEmpty() || !surface().has_focus(*this)) {
+        return;
     }
-    const QPointer<FieldEdit> alive(edit_);
+    const std::optional<QString> text = typed_text(event.text());
+    if (text && surface().has_focus(*this)) {
+        insert(*text);
+    }
+}
+
+void QtTextBox::act_on_key(std::int16_t code, std::int16_t shift) {
+    const bool moves = code == platform::key_left || code == platform::key_right ||
+                       code == platform::key_home || code == platform::key_end;
+    const bool removes = code == platform::key_backspace || code == platform::key_delete;
+    if ((!moves && !removes) || (shift & ~platform::shift_key) != 0) {
+        return;
+    }
+    // With Shift, Delete is a shortcut of the line edit for something else.
+    const bool extends = moves && shift == platform::shift_key;
+    QKeyEvent event(
+        QEvent::KeyPress, qt_key(code, 0), extends ? Qt::ShiftModifier : Qt::NoModifier);
+    edit([&] { edit_->type(event); });
+}
+
+void QtTextBox::insert(const QString& text) {
+    if (!text.isEmpty() && !is_too_long(text)) {
+        edit([&] { edit_->insert(text); });
+    }
+}
+
+/// A character that has no room is dropped, and what it would replace stays.
+bool QtTextBox::is_too_long(const QString& text) const {
+    const qsizetype left = edit_->text().size() - edit_->selectionLength();
+    return limit_->limit() > 0 && left + text.size() > limit_->limit();
+}
+
+/// What the handler let through, or made of it; nothing when it swallowed a character.
+std::optional<QString> QtTextBox::typed_text(const QString& text) {
+    if (events_ == nullptr) {
+        return text;
+    }
     QString typed;
-    for (const QChar character : event.text()) {
+    for (const QChar character : text) {
         auto code = static_cast<std::int16_t>(character.unicode());
-        events_->KeyPress(code);
-        if (!alive || code == 0) {
+        if (events_ != nullptr) {
+            events_->KeyPress(code);
+        }
+        if (code == 0) {
             return std::nullopt;
         }
         typed.append(QChar(static_cast<char16_t>(code)));
@@ -217,50 +310,57 @@ std::optional<QString> QtTextBox::typed_text(const QKeyEvent& event) {
     return typed;
 }
 
-void QtTextBox::type(QKeyEvent& event, const QString& text) {
-    if (text == event.text()) {
-        edit_->type(event);
-        return;
-    }
-    QKeyEvent other(event.type(), Qt::Key_unknown, Qt::NoModifier, text);
-    edit_->type(other);
-}
-
-void QtTextBox::press_key(QKeyEvent& event) {
-    const std::shared_ptr<Surface> shared = surface().shared_from_this();
-    const QPointer<FieldEdit> alive(edit_);
-    shared->key_acts([&] {
-        // What waited may have taken the focus elsewhere; then the key was not meant for this box.
-        if (!shared->has_focus(*this) || !key_goes_on(event) || !alive) {
-            return;
+void QtTextBox::input_method(QInputMethodEvent& event) {
+    surface().key_acts([&] {
+        std::int16_t code = input_method_key;
+        std::int16_t shift = 0;
+        if (!event.commitString().isEmpty() && events_ != nullptr) {
+            events_->KeyDown(code, shift);
         }
-        const std::optional<QString> text = typed_text(event);
-        if (text && shared->has_focus(*this) && !is_tab(event)) {
-            type(event, *text);
+        if (code != 0 && !surface().closed()) {
+            edit([&] { edit_->compose(event); });
         }
     });
 }
 
+// Mouse
+
 void QtTextBox::press(QMouseEvent& event, Press press) {
-    const std::shared_ptr<Surface> shared = surface().shared_from_this();
-    const QPointer<FieldEdit> alive(edit_);
+    if (const CodedMouseEvent* const sent = coded(event)) {
+        // Deliberate: a program's press moves no caret, since glyphs differ from font to font.
+        surface().person_acts(
+            [&] { press == Press::once ? mouse_down(sent->codes()) : double_click(); });
+        return;
+    }
     const Resolution resolution(edit_->logicalDpiX());
-    const auto x = static_cast<float>(resolution.twips(event.position().x()));
-    const auto y = static_cast<float>(resolution.twips(event.position().y()));
+    const MouseCodes mouse{button_code(event),
+                           shift_state(event),
+                           static_cast<float>(resolution.twips(event.position().x())),
+                           static_cast<float>(resolution.twips(event.position().y()))};
     edit_->press_dropped_ = true;
-    shared->person_acts([&] {
-        if (!shared->has_focus(*this)) {
+    surface().person_acts([&] {
+        if (!surface().has_focus(*this)) {
             return;
         }
         edit_->press_dropped_ = false;
-        edit_->press(event, press == Press::twice);
-        if (alive && events_ != nullptr) {
-            events_->MouseDown(button_code(event.button()), shift_state(event.modifiers()), x, y);
-        }
-        if (alive && press == Press::twice && events_ != nullptr) {
-            events_->DblClick();
+        edit([&] { edit_->press(event, press == Press::twice); });
+        mouse_down(mouse);
+        if (press == Press::twice) {
+            double_click();
         }
     });
+}
+
+void QtTextBox::mouse_down(const MouseCodes& mouse) {
+    if (events_ != nullptr) {
+        events_->MouseDown(mouse.button, mouse.shift, mouse.x, mouse.y);
+    }
+}
+
+void QtTextBox::double_click() {
+    if (events_ != nullptr) {
+        events_->DblClick();
+    }
 }
 
 } // namespace krv::qt

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "qt/coded_events.h"
 #include "qt/part.h"
 
 #include <QLineEdit>
 
+#include <exception>
 #include <functional>
 #include <optional>
-
-class QKeyEvent;
-class QMouseEvent;
 
 namespace krv::qt {
 
@@ -22,8 +21,11 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -40,6 +42,9 @@ private:
     void press(QMouseEvent& event, bool twice) {
         twice ? QLineEdit::mouseDoubleClickEvent(&event) : QLineEdit::mousePressEvent(&event);
     }
+
+    /// The line edit's own handling of what an input method composed.
+    void compose(QInputMethodEvent& event) { QLineEdit::inputMethodEvent(&event); }
 
     QtTextBox& part_;
     bool press_dropped_ = false;
@@ -75,18 +80,29 @@ private:
     enum class Press { once, twice };
 
     void press_key(QKeyEvent& event);
-    bool key_goes_on(const QKeyEvent& event);
-    std::optional<QString> typed_text(const QKeyEvent& event);
-    void type(QKeyEvent& event, const QString& text);
+    void work_through(QKeyEvent& event);
+    void act_on(const CodedKeyEvent& event, std::int16_t code, std::int16_t shift);
+    void act_on_key(std::int16_t code, std::int16_t shift);
+    void insert(const QString& text);
+    std::optional<QString> typed_text(const QString& text);
+    bool is_too_long(const QString& text) const;
+    void input_method(QInputMethodEvent& event);
     void press(QMouseEvent& event, Press press);
+    void mouse_down(const MouseCodes& mouse);
+    void double_click();
     void text_changed();
     platform::RuntimeError invalid_value() const;
+    template <class Act>
+    void edit(Act act);
 
     FieldEdit* edit_;
     LengthLimit* limit_;
     platform::TextBoxEvents* events_ = nullptr;
     std::function<void()> on_show_;
+    QString text_; ///< as last told
     bool assigning_ = false;
+    /// Where the error of a change goes that the line edit works on; null when nobody waits for it.
+    std::exception_ptr* failure_ = nullptr;
 };
 
 } // namespace krv::qt

@@ -1,5 +1,8 @@
 #include "qt/form_fixture.h"
 
+#include <QClipboard>
+#include <QInputMethodEvent>
+
 namespace krv::qt::testing {
 
 namespace {
@@ -94,6 +97,69 @@ TEST_F(Destroying, inside_a_key_on_a_button) {
     destroy_at("surface key");
     QTest::sendKeyEvent(QTest::Press, button->widget(), Qt::Key_F5, QString(), Qt::NoModifier);
     expect_gone_after("surface key");
+}
+
+TEST_F(Destroying, inside_the_change_that_a_key_makes) {
+    box->SetFocus();
+    destroy_at("change");
+    QTest::sendKeyEvent(QTest::Press, box->widget(), Qt::Key_A, "a", Qt::NoModifier);
+    expect_gone_after("change");
+}
+
+TEST_F(Destroying, inside_the_change_that_a_deletion_makes) {
+    box->SetText("one");
+    box->SetFocus();
+    destroy_at("change");
+    QTest::sendKeyEvent(QTest::Press, box->widget(), Qt::Key_Delete, "", Qt::NoModifier);
+    expect_gone_after("change");
+}
+
+TEST_F(Destroying, inside_the_change_that_an_input_method_makes) {
+    box->SetFocus();
+    destroy_at("change");
+    QInputMethodEvent event;
+    event.setCommitString("å");
+    QApplication::sendEvent(box->widget(), &event);
+    expect_gone_after("change");
+}
+
+TEST_F(Destroying, inside_the_change_that_a_paste_makes) {
+    QApplication::clipboard()->setText("pasted");
+    box->SetFocus();
+    destroy_at("change");
+    QTest::sendKeyEvent(QTest::Press, box->widget(), Qt::Key_V, "\x16", Qt::ControlModifier);
+    expect_gone_after("change");
+}
+
+TEST_F(Destroying, inside_the_change_that_the_context_menu_makes) {
+    QApplication::clipboard()->setText("pasted");
+    destroy_at("change");
+    // Its entries call the line edit, which is handling no event then.
+    QMetaObject::invokeMethod(box->widget(), "paste");
+    expect_gone_after("change");
+}
+
+TEST_F(Destroying, inside_space_on_a_button) {
+    button->SetFocus();
+    destroy_at("click");
+    QTest::sendKeyEvent(QTest::Press, button->widget(), Qt::Key_Space, " ", Qt::NoModifier);
+    QTest::sendKeyEvent(QTest::Release, button->widget(), Qt::Key_Space, " ", Qt::NoModifier);
+    expect_gone_after("click");
+}
+
+TEST_F(Destroying, frees_the_parts_once_nothing_of_them_is_running) {
+    const QPointer<QWidget> edit = box->widget();
+    box->SetFocus();
+    bool is_there_in_the_event = false;
+    on_told = [&](const std::string&) {
+        destroy();
+        turn();
+        is_there_in_the_event = edit != nullptr;
+    };
+    QTest::sendKeyEvent(QTest::Press, edit, Qt::Key_A, "a", Qt::NoModifier);
+    EXPECT_TRUE(is_there_in_the_event);
+    turn();
+    EXPECT_EQ(edit, nullptr);
 }
 
 TEST_F(Destroying, inside_a_queued_notification) {

@@ -18,6 +18,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace krv::qt::testing {
@@ -90,6 +92,9 @@ protected:
         FormTest& test;
     };
 
+    using Parts =
+        std::tuple<std::unique_ptr<QtGrid>, std::unique_ptr<QtTextBox>, std::unique_ptr<QtButton>>;
+
     FormTest()
         : form(std::make_unique<QWidget>())
         , control(new QWidget(form.get()))
@@ -130,9 +135,18 @@ protected:
             return;
         }
         surface->close();
-        button.reset();
-        box.reset();
-        grid.reset();
+        grid->SetEvents(nullptr);
+        box->SetEvents(nullptr);
+        button->SetEvents(nullptr);
+        for (QWidget* widget : {grid->widget(), box->widget(), button->widget()}) {
+            widget->hide();
+            widget->setParent(nullptr);
+        }
+        // As a control does: its parts stay as long as code of theirs may be running.
+        auto parts = std::make_shared<Parts>(std::move(grid), std::move(box), std::move(button));
+        if (surface->loop()->is_active()) {
+            surface->loop()->bury(std::move(parts));
+        }
         form.reset();
     }
 

@@ -87,9 +87,10 @@ protected:
 
     bool press_arrives() override { return arrives; }
 
-    bool key_down(const QKeyEvent& event) override {
+    bool key_down(const QKeyEvent& event,
+                  const std::function<void(std::int16_t)>& scroll) override {
         told.push_back("key " + std::to_string(event.key() == Qt::Key_Down ? 40 : 0));
-        return keys_go_on;
+        return keys_go_on && GridViewOwner::key_down(event, scroll);
     }
 
     void tell(const char* what, int button, int shift, float x, float y) {

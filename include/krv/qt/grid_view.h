@@ -1,5 +1,6 @@
 #pragma once
 
+#include "krv/platform/units.h"
 #include "krv/qt/resolution.h"
 #include "krv/standard/flex_grid_view.h"
 
@@ -8,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 namespace krv::standard {
@@ -43,8 +45,9 @@ public:
 
     virtual void double_click() {}
 
-    /// False swallows the key.
-    virtual bool key_down(const QKeyEvent& /*event*/) { return true; }
+    /// Works through a key and lets the view scroll by it, by a code that may be another one.
+    /// \return false when the key was swallowed
+    virtual bool key_down(const QKeyEvent& event, const std::function<void(std::int16_t)>& scroll);
 
     /// Whether Tab is a key for `key_down` instead of moving the focus.
     virtual bool tab_arrives() { return false; }
@@ -73,6 +76,13 @@ public:
     void set_owner(GridViewOwner* owner) noexcept { owner_ = owner; }
 
     void set_scroll_bars(ScrollBars bars);
+
+    /// The view's size in twips, exact where its pixels are rounded. None of its own: what its
+    /// pixels make.
+    void set_size_twips(platform::TwipsSingle width, platform::TwipsSingle height);
+
+    /// The button that was pressed here is no longer held, and nothing follows from that.
+    void let_go();
 
     /// Which texts count as numbers and stand on the right where the alignment is general. It is
     /// asked once a text, not once a drawing.
@@ -147,6 +157,8 @@ private:
     bool apply_font_and_screen();
     void press(const MousePlace& place, bool twice);
     void release(const MousePlace& place);
+    platform::Twips
+    seen_twips(std::optional<platform::TwipsSingle> size, int px, int taken_px) const;
     void scroll_by_px(int dx, int dy);
 
     standard::FlexGrid& grid_;
@@ -154,6 +166,8 @@ private:
     Resolution resolution_;
     ScrollBars bars_ = ScrollBars::as_needed;
     int right_margin_ = 0;
+    std::optional<platform::TwipsSingle> width_twips_;
+    std::optional<platform::TwipsSingle> height_twips_;
     std::unique_ptr<GridPainter> painter_;
     std::unique_ptr<Pending> pending_;
     std::int64_t seen_scroll_x_ = 0;
