@@ -147,6 +147,11 @@ class Server:
         """Whether the server runs and can be asked."""
         return self._line.is_open
 
+    @property
+    def exit_status(self) -> Optional[int]:
+        """What the server ended with, negative for a signal; None while it runs."""
+        return self._line.exit_status
+
     def request(self, method: str, **params: Any) -> Any:
         """Any request of the protocol, for what has no method here.
 

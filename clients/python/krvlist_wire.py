@@ -171,6 +171,11 @@ class Line:
         """Whether requests can be made."""
         return self._gone is None
 
+    @property
+    def exit_status(self) -> Optional[int]:
+        """What the server ended with, negative for a signal; None while it runs."""
+        return self._process.poll()
+
     def request(self, method: str, params: Optional[Message] = None) -> Any:
         """Sends a request and gives its result. What a handler raised meanwhile, but a HostError,
         comes out here."""

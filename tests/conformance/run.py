@@ -50,10 +50,12 @@ def main() -> int:
             runner = unittest.TextTestRunner(stream=sys.stdout, verbosity=2 if options.v else 1)
             result = runner.run(unittest.TestSuite(tests))
         finally:
-            stage.close()
+            bad_ends = stage.close()
+    for backend, status in bad_ends.items():
+        print(f"the server of {backend} ended with {status}")
     if not tests:
         print("no scenario of that name")
-    return 0 if tests and result.wasSuccessful() else 1
+    return 0 if tests and result.wasSuccessful() and not bad_ends else 1
 
 
 if __name__ == "__main__":

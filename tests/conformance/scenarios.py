@@ -16,7 +16,7 @@ import difflib
 import pathlib
 import types
 import unittest
-from typing import Callable, Dict, List
+from typing import Callable, Dict, List, Optional
 
 import krvlist
 from form import Form
@@ -57,10 +57,12 @@ class Stage:
             raise
         return form.trace
 
-    def close(self) -> None:
-        """Ends the servers."""
+    def close(self) -> Dict[str, Optional[int]]:
+        """Ends the servers; gives the backends whose server did not end with 0, and its status."""
         for server in self._servers.values():
             server.close()
+        statuses = {backend: server.exit_status for backend, server in self._servers.items()}
+        return {backend: status for backend, status in statuses.items() if status != 0}
 
     def _server(self, backend: str) -> krvlist.Server:
         server = self._servers.get(backend)

@@ -2,7 +2,8 @@
 """A host that listens: typing a letter goes to the next row that begins with it.
 
 The control has no use for letters and raises `KeyDown` for them. The handler moves the current row
-and takes the key away; it keeps Escape for itself, and everything else goes its way.
+and takes the key away; it keeps Escape for itself, and everything else goes its way. The host also
+follows the rows, keeps one of them from being deleted and answers the question for the others.
 """
 
 import pathlib
@@ -13,7 +14,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
 import krvlist  # noqa: E402
 
 TOWNS = ("Ancona", "Bari", "Bologna", "Cagliari", "Firenze", "Genova", "Milano", "Modena", "Napoli")
-LETTER_A, LETTER_Z, ESCAPE, DOWN = 65, 90, 27, 40
+LETTER_A, LETTER_Z, ESCAPE, END, DOWN, F7 = 65, 90, 27, 35, 40, 118
 
 
 class TownList:
@@ -27,6 +28,9 @@ class TownList:
         for row, town in enumerate(TOWNS):
             self.list.TextMatrix[row, 0] = town
         self.list.on("KeyDown")(self.key_down)
+        self.list.on("RowSelect")(lambda Row: print(f"    RowSelect {Row}"))
+        self.list.on("DeleteClick")(self.delete_click)
+        self.list.on("AfterRowDelete")(lambda: print(f"    {self.list.Rows} rows are left"))
         self.list.on_property_changed(lambda name: print(f"    changed: {name}"))
         server.on_message(self.message)
 
@@ -40,6 +44,11 @@ class TownList:
             self.list.Row = 0
             return {"KeyCode": 0}
         return {}
+
+    def delete_click(self) -> dict:
+        """Milano stays."""
+        print(f"    DeleteClick on {self.current()}")
+        return {"Cancel": self.current() == "Milano"}
 
     def go_to(self, letter: str) -> None:
         """The next row with this letter, from the top again after the last."""
@@ -61,12 +70,15 @@ class TownList:
 def main() -> int:
     with krvlist.Server() as server:
         towns = TownList(server)
-        towns.list.focus("btnAdd")  # any part: all keys go to the control
+        towns.list.focus("Grid")
         for what, act in (
             ("type m", lambda: towns.list.type("m")),
+            ("delete (F7), which the host refuses", lambda: towns.list.key(F7)),
             ("type m again", lambda: towns.list.type("m")),
             ("type bb", lambda: towns.list.type("bb")),
             ("arrow down, which the list handles itself", lambda: towns.list.key(DOWN)),
+            ("End, which the host lets pass", lambda: towns.list.key(END)),
+            ("delete (F7), answered with yes", lambda: towns.list.key(F7)),
             ("Escape", lambda: towns.list.key(ESCAPE)),
             ("a key that cannot run a command", lambda: setattr(towns.list, "KeyAdd", LETTER_A)),
         ):

@@ -200,8 +200,8 @@ class Host(WithServer):
 
     def test_a_context_manager_ends_the_server(self):
         with krvlist.Server() as server:
-            process = server._line._process
-        self.assertEqual(process.returncode, 0)
+            self.assertIsNone(server.exit_status)
+        self.assertEqual((server.exit_status, server.is_open), (0, False))
 
     def test_a_wrong_program_is_an_error(self):
         with self.assertRaises(OSError):
