@@ -24,8 +24,9 @@ bool FieldEditor::place(std::int32_t& col, Search search) {
     if (!close_open_field() || watch.ended()) {
         return false;
     }
-    if (col > state_.parts.GridIn.Cols() - 1 || !find_column(col, search)) {
-        return false;
+    const platform::Grid& line = state_.parts.GridIn;
+    if (!line.Visible() || col > line.Cols() - 1 || !find_column(col, search)) {
+        return false; // without an open row there is nothing that the editor could stand over
     }
     ++state_.edit.placements;
     state_.edit.ColInEdit = col;

@@ -24,7 +24,8 @@ public:
 
     /// Closes the open field, then puts the editor over a usable column and gives it the focus.
     /// \param col     becomes the column chosen, or where the search ended
-    /// \return        false when there is no such column, or the open field could not be left
+    /// \return        false when there is no such column, no row is open, or the open field could not
+    ///                be left
     bool place(std::int32_t& col, Search search);
 
     /// As above; where the editor went does not matter.

@@ -239,7 +239,8 @@ void RowCommands::hide_row_buttons() const {
 
 void RowCommands::open_first_field() {
     const platform::LifeWatch watch(state_.life);
-    if (!editor_.place_at(0, Search::forward) && !watch.ended()) {
+    const bool stands = editor_.place_at(0, Search::forward);
+    if (!stands && !watch.ended() && state_.parts.GridIn.Visible()) {
         state_.host.application.MsgBox("non ci sono colonne editabili", MessageButtons::ok);
     }
 }

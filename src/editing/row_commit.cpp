@@ -114,8 +114,10 @@ std::string RowCommit::row_text() const {
 
 void RowCommit::insert() {
     platform::Grid& list = state_.parts.Grid;
-    // The list may have become shorter meanwhile.
-    const std::int32_t row = std::clamp(state_.edit.EditRow, 0, list.Rows() - 1);
+    // The row before which it goes may be gone: the list was reloaded, or became shorter.
+    const std::int32_t last = list.Rows() - 1;
+    const std::int32_t before = state_.edit.EditRow;
+    const std::int32_t row = before < 0 || before > last ? last : before;
     list.AddItem(row_text(), row + 1);
     renumber_from(state_, row);
 }
