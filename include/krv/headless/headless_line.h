@@ -17,24 +17,38 @@ public:
 
     platform::TwipsSingle X1() const override { return x1_; }
 
-    void SetX1(platform::TwipsSingle x) override { x1_ = x; }
+    void SetX1(platform::TwipsSingle x) override {
+        x1_ = x;
+        follow_ends();
+    }
 
     platform::TwipsSingle X2() const override { return x2_; }
 
-    void SetX2(platform::TwipsSingle x) override { x2_ = x; }
+    void SetX2(platform::TwipsSingle x) override {
+        x2_ = x;
+        follow_ends();
+    }
 
     platform::TwipsSingle Y1() const override { return y1_; }
 
-    void SetY1(platform::TwipsSingle y) override { y1_ = y; }
+    void SetY1(platform::TwipsSingle y) override {
+        y1_ = y;
+        follow_ends();
+    }
 
     platform::TwipsSingle Y2() const override { return y2_; }
 
-    void SetY2(platform::TwipsSingle y) override { y2_ = y; }
+    void SetY2(platform::TwipsSingle y) override {
+        y2_ = y;
+        follow_ends();
+    }
 
 protected:
     void drop_events() override {}
 
 private:
+    /// Place and size are those of the box around the ends.
+    void follow_ends();
     [[noreturn]] void fail_without_tab_stop() const;
 
     platform::TwipsSingle x1_ = -1;
