@@ -239,6 +239,54 @@ TEST(CCur, is_exact_up_to_its_limits) {
     EXPECT_EQ(error_of([] { ccur("abc"); }), 13);
 }
 
+std::int64_t clnglng(auto value, std::string_view region = "it-IT") {
+    return formatter_of(region).CLngLng(view(value));
+}
+
+TEST(CLngLng, has_64_bits_and_loses_none) {
+    EXPECT_EQ(clnglng("9223372036854775807"), std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(clnglng("-9.223.372.036.854.775.808"), std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(clnglng("9007199254740993"), 9007199254740993);
+    EXPECT_EQ(clnglng(Currency{std::numeric_limits<std::int64_t>::max()}), 922337203685478);
+    EXPECT_EQ(clnglng("2,5"), 2);
+    EXPECT_EQ(clnglng("&HFFFF"), 65535);
+    EXPECT_EQ(clnglng(true), -1);
+    EXPECT_EQ(clnglng(empty()), 0);
+}
+
+TEST(CLngLng, refuses_what_is_too_large_or_no_number) {
+    EXPECT_EQ(error_of([] { clnglng("9223372036854775808"); }), 6);
+    EXPECT_EQ(error_of([] { clnglng(1e19); }), 6);
+    EXPECT_EQ(error_of([] { clnglng(std::numeric_limits<double>::infinity()); }), 6);
+    EXPECT_EQ(error_of([] { clnglng("abc"); }), 13);
+    EXPECT_EQ(error_of([] { clnglng(null()); }), 94);
+}
+
+Decimal cdec(auto value, std::string_view region = "it-IT") {
+    return formatter_of(region).CDec(view(value));
+}
+
+TEST(CDec, keeps_every_digit) {
+    EXPECT_EQ(cdec("1.234.567.890.123.456.789,12"), (Decimal{0xB14E9F812F366C40, 6, 2, false}));
+    EXPECT_EQ(cdec("-0,0000000000000000000000000001"), (Decimal{1, 0, 28, true}));
+    EXPECT_EQ(cdec("1,50"), (Decimal{15, 0, 1, false}));
+    EXPECT_EQ(cdec("-0"), (Decimal{0, 0, 0, false}));
+    EXPECT_EQ(cdec(0.1), (Decimal{1, 0, 1, false}));
+    EXPECT_EQ(cdec(Currency{-12345}), (Decimal{12345, 0, 4, true}));
+    EXPECT_EQ(cdec(Decimal{1500, 0, 3, false}), (Decimal{1500, 0, 3, false}));
+    EXPECT_EQ(cdec(true), (Decimal{1, 0, 0, true}));
+}
+
+TEST(CDec, rounds_half_to_even_behind_28_digits) {
+    EXPECT_EQ(cdec("1,00000000000000000000000000025"), cdec("1,000000000000000000000000000"));
+    EXPECT_EQ(cdec("0,00000000000000000000000000015"), (Decimal{2, 0, 28, false}));
+    EXPECT_EQ(cdec("9999999999999999999999999999"),
+              (Decimal{0x3E2502610FFFFFFF, 0x204FCE5E, 0, false}));
+    EXPECT_EQ(error_of([] { cdec("10000000000000000000000000000"); }), 6);
+    EXPECT_EQ(error_of([] { cdec("abc"); }), 13);
+    EXPECT_EQ(error_of([] { cdec(null()); }), 94);
+}
+
 double cdate(auto value, std::string_view region = "it-IT") {
     return formatter_of(region).CDate(view(value)).serial;
 }
@@ -251,6 +299,18 @@ TEST(CDate, reads_a_text_as_a_date_then_as_a_number) {
     EXPECT_EQ(cdate(45356.25), 45356.25);
     EXPECT_EQ(cdate(true), -1);
     EXPECT_EQ(cdate(empty()), 0);
+}
+
+double cdate_under(std::string_view pattern, std::string_view text, std::string_view region) {
+    return formatter_of(region).CDate(ValueView::text(text), pattern).serial;
+}
+
+TEST(CDate, reads_what_a_pattern_wrote_in_its_order) {
+    EXPECT_EQ(cdate_under("dd/mm/yyyy", "05/03/2024", "en-US"), 45356);
+    EXPECT_EQ(cdate_under("mm/dd/yyyy", "03/05/2024", "it-IT"), 45356);
+    EXPECT_EQ(cdate_under("dddd", "05/03/2024", "it-IT"), 45356);
+    EXPECT_EQ(cdate_under("0.00", "05/03/2024", "en-US"), 45415);
+    EXPECT_EQ(cdate_under("", "05/03/2024", "en-US"), 45415);
 }
 
 TEST(CDate, refuses_what_is_no_date) {

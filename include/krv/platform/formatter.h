@@ -46,6 +46,24 @@ public:
     virtual std::int32_t CLng(ValueView value) const = 0;
     virtual double CDbl(ValueView value) const = 0;
 
+    /// To 64 bits, exactly. \throws RuntimeError 6, 13, 94
+    virtual std::int64_t CLngLng(ValueView value) const = 0;
+
+    /// To money: halves of a ten-thousandth round to even. \throws RuntimeError 6, 13, 94
+    virtual Currency CCur(ValueView value) const = 0;
+
+    /// To an exact number of at most 28 digits; decimals beyond them are rounded half to even.
+    /// \throws RuntimeError 6 for more than 28 digits before the point, 13, 94
+    virtual Decimal CDec(ValueView value) const = 0;
+
+    /// To a date: a text is read as a date, else as a serial number; numbers are serial numbers.
+    /// \param pattern  the pattern that wrote the text: where it has day, month and year as digits,
+    ///                 they are read in its order; empty: by the region alone
+    /// \throws RuntimeError 6 outside the years 100 to 9999, 13 for what is no date, 94 for Null
+    virtual Date CDate(ValueView value, std::string_view pattern) const = 0;
+
+    Date CDate(ValueView value) const { return CDate(value, {}); }
+
     std::string Format(ValueView value, std::string_view pattern) const {
         std::string text;
         Format(value, pattern, text);

@@ -33,6 +33,7 @@ public:
 
     const RegionalSettings& settings() const noexcept;
 
+    using Formatter::CDate;
     using Formatter::CStr;
     using Formatter::Format;
 
@@ -46,14 +47,10 @@ public:
     std::int16_t CInt(platform::ValueView value) const override;
     std::int32_t CLng(platform::ValueView value) const override;
     double CDbl(platform::ValueView value) const override;
-
-    /// To money: halves of a ten-thousandth round to even. \throws RuntimeError 6, 13, 94
-    platform::Currency CCur(platform::ValueView value) const;
-
-    /// To a date: a text is read as a date of the region, else as a serial number; numbers are
-    /// serial numbers.
-    /// \throws RuntimeError 6 outside the years 100 to 9999, 13 for what is no date, 94 for Null
-    platform::Date CDate(platform::ValueView value) const;
+    std::int64_t CLngLng(platform::ValueView value) const override;
+    platform::Currency CCur(platform::ValueView value) const override;
+    platform::Decimal CDec(platform::ValueView value) const override;
+    platform::Date CDate(platform::ValueView value, std::string_view pattern) const override;
 
     /// A number with a period in every region, a blank in front unless it is negative, no 0 before
     /// the point: " .5". A Boolean or a date is as by CStr, a text is read as a number first.

@@ -38,26 +38,6 @@ std::optional<DecimalText> plain_number(std::string_view text) {
     return digits.number(exponent, negative);
 }
 
-std::optional<platform::Decimal> to_decimal(const DecimalText& number) {
-    const int decimals = number.decimals();
-    const int before_point = number.point > 0 ? number.point : 0;
-    if (decimals > most_digits || before_point + decimals > most_digits) {
-        return std::nullopt;
-    }
-    platform::Decimal result;
-    result.scale = static_cast<std::uint8_t>(decimals);
-    result.negative = number.negative && !number.is_zero();
-    for (int place = before_point - 1; place >= -decimals; --place) {
-        // 96 bits times ten plus a digit, 32 bits at a time.
-        std::uint64_t low =
-            (result.low & 0xFFFFFFFFU) * 10 + static_cast<unsigned>(number.digit_at(place) - '0');
-        std::uint64_t middle = (result.low >> 32) * 10 + (low >> 32);
-        result.high = static_cast<std::uint32_t>(std::uint64_t{result.high} * 10 + (middle >> 32));
-        result.low = middle << 32 | (low & 0xFFFFFFFFU);
-    }
-    return result;
-}
-
 std::optional<platform::Currency> to_currency(DecimalText number) {
     round_half_even(number, 4);
     if (number.point > 15) {
@@ -102,9 +82,29 @@ std::optional<std::int64_t> as_fraction(double value, double divisor) {
 
 } // namespace
 
+std::optional<platform::Decimal> decimal_from_digits(const DecimalText& number) {
+    const int decimals = number.decimals();
+    const int before_point = number.point > 0 ? number.point : 0;
+    if (decimals > most_digits || before_point + decimals > most_digits) {
+        return std::nullopt;
+    }
+    platform::Decimal result;
+    result.scale = static_cast<std::uint8_t>(decimals);
+    result.negative = number.negative && !number.is_zero();
+    for (int place = before_point - 1; place >= -decimals; --place) {
+        // 96 bits times ten plus a digit, 32 bits at a time.
+        std::uint64_t low =
+            (result.low & 0xFFFFFFFFU) * 10 + static_cast<unsigned>(number.digit_at(place) - '0');
+        std::uint64_t middle = (result.low >> 32) * 10 + (low >> 32);
+        result.high = static_cast<std::uint32_t>(std::uint64_t{result.high} * 10 + (middle >> 32));
+        result.low = middle << 32 | (low & 0xFFFFFFFFU);
+    }
+    return result;
+}
+
 std::optional<platform::Decimal> decimal_from_text(std::string_view text) {
     const auto number = plain_number(text);
-    return number ? to_decimal(*number) : std::nullopt;
+    return number ? decimal_from_digits(*number) : std::nullopt;
 }
 
 std::optional<platform::Currency> currency_from_text(std::string_view text) {

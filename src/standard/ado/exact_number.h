@@ -1,6 +1,7 @@
 #pragma once
 
 #include "krv/platform/value.h"
+#include "standard/formatting/decimal_text.h"
 
 #include <optional>
 #include <string_view>
@@ -12,6 +13,9 @@ namespace krv::standard {
 /// `[+-]digits[.digits][E[+-]digits]`, the whole text, as a Decimal of at most 28 digits. Nothing
 /// for other texts and longer numbers.
 std::optional<platform::Decimal> decimal_from_text(std::string_view text);
+
+/// Nothing for more than 28 digits before and behind the point.
+std::optional<platform::Decimal> decimal_from_digits(const DecimalText& number);
 
 /// The same form as an amount, rounded half to even at four decimals. Nothing for other texts and
 /// for numbers out of range.

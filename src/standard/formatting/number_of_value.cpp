@@ -1,5 +1,6 @@
 #include "standard/formatting/number_of_value.h"
 
+#include "standard/ado/exact_number.h"
 #include "standard/run_time_errors.h"
 
 #include <charconv>
@@ -106,6 +107,21 @@ double rounded_number(const ValueView& value) {
     }
 }
 
+/// All digits of a number, also of one that a Double would round. Not for bytes, objects and Null.
+DecimalText digits_of(const ValueView& value, const RegionalSettings& region) {
+    if (value.kind() == ValueKind::empty) {
+        return {};
+    }
+    if (value.kind() == ValueKind::text) {
+        const NumberInText number = number_in(value.as_text(), region);
+        return number.radix ? decimal_text(number.value) : number.decimal;
+    }
+    if (!is_finite(value)) {
+        fail_overflow();
+    }
+    return decimal_of(value);
+}
+
 /// The sign bit of a hexadecimal or octal number is the highest of the type that is asked for.
 double with_sign_bit(double value, double greatest) {
     const double beyond = 2 * (greatest + 1);
@@ -192,6 +208,29 @@ Currency converted_to_currency(const ValueView& value, const RegionalSettings& r
     default:
         return currency_of_decimal(decimal_of(value));
     }
+}
+
+platform::Decimal converted_to_decimal(const ValueView& value, const RegionalSettings& region) {
+    refuse_other_kinds(value);
+    if (value.kind() == ValueKind::decimal) {
+        return value.as_decimal();
+    }
+    constexpr int most_digits = 28;
+    DecimalText number = digits_of(value, region);
+    round_half_even(number, number.point > 0 ? most_digits - number.point : most_digits);
+    const auto decimal = decimal_from_digits(number);
+    return decimal ? *decimal : (fail_overflow(), platform::Decimal{});
+}
+
+std::int64_t converted_to_int64(const ValueView& value, const RegionalSettings& region) {
+    refuse_other_kinds(value);
+    if (value.is_whole()) {
+        return value.as_whole();
+    }
+    DecimalText number = digits_of(value, region);
+    round_half_even(number, 0);
+    const auto whole = to_int64(number);
+    return whole ? *whole : (fail_overflow(), std::int64_t{0});
 }
 
 std::int32_t converted_to_integer(const ValueView& value,

@@ -27,6 +27,12 @@ double converted_to_double(const platform::ValueView& value, const RegionalSetti
 platform::Currency converted_to_currency(const platform::ValueView& value,
                                          const RegionalSettings& region);
 
+platform::Decimal converted_to_decimal(const platform::ValueView& value,
+                                       const RegionalSettings& region);
+
+/// Rounded half to even, exactly.
+std::int64_t converted_to_int64(const platform::ValueView& value, const RegionalSettings& region);
+
 /// Rounded half to even. \throws RuntimeError 6 outside `least` to `greatest`
 std::int32_t converted_to_integer(const platform::ValueView& value,
                                   const RegionalSettings& region,

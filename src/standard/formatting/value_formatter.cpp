@@ -88,9 +88,17 @@ platform::Currency ValueFormatter::CCur(ValueView value) const {
     return converted_to_currency(value, parts_->region);
 }
 
-platform::Date ValueFormatter::CDate(ValueView value) const {
+std::int64_t ValueFormatter::CLngLng(ValueView value) const {
+    return converted_to_int64(value, parts_->region);
+}
+
+platform::Decimal ValueFormatter::CDec(ValueView value) const {
+    return converted_to_decimal(value, parts_->region);
+}
+
+platform::Date ValueFormatter::CDate(ValueView value, std::string_view pattern) const {
     if (value.kind() == ValueKind::text) {
-        if (const auto serial = parts_->date_reader.read(value.as_text())) {
+        if (const auto serial = parts_->date_in(value.as_text(), pattern)) {
             return {*serial};
         }
     }

@@ -48,6 +48,10 @@ struct ValueFormatter::Parts {
     void
     format(const platform::ValueView& value, const GeneralNumber& pattern, std::string& text) const;
 
+    /// The serial number of a date that a text says under a pattern, which may be empty or of any
+    /// kind.
+    std::optional<double> date_in(std::string_view text, std::string_view pattern);
+
     const RegionalSettings region;
     const RegionalDates dates;
     const DateReader date_reader;

@@ -199,6 +199,17 @@ std::optional<double> ValueFormatter::Parts::serial_behind(const ValueView& valu
     return number && is_date_serial(number->value) ? std::optional(number->value) : std::nullopt;
 }
 
+std::optional<double> ValueFormatter::Parts::date_in(std::string_view text,
+                                                     std::string_view pattern) {
+    if (!pattern.empty()) {
+        const FormatPattern& compiled = patterns.find(pattern);
+        if (const auto* const date = std::get_if<DatePattern>(&compiled.form)) {
+            return date_reader.read(text, date->digit_order());
+        }
+    }
+    return date_reader.read(text);
+}
+
 void ValueFormatter::Parts::format(const ValueView& value,
                                    const StringPattern& pattern,
                                    std::string& text) const {
