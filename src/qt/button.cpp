@@ -16,6 +16,7 @@ namespace {
 
 constexpr int frame_px = 2;
 constexpr int pressed_percent = 115;
+constexpr int least_stretch = 70; // percent
 
 bool clicks(const QKeyEvent& event) {
     const std::int16_t code = key_code(event);
@@ -26,6 +27,24 @@ QColor between(const QColor& one, const QColor& other) {
     return QColor((one.red() + other.red()) / 2,
                   (one.green() + other.green()) / 2,
                   (one.blue() + other.blue()) / 2);
+}
+
+int width_of(const QStyleOptionButton& option) {
+    return option.fontMetrics.size(Qt::TextShowMnemonic, option.text).width();
+}
+
+/// The button's font, narrower when the caption would not fit otherwise: the key at its end is what
+/// a user looks for. A caption that does not fit even so is elided.
+QFont fitting_font(QStyleOptionButton& option, const QFont& font) {
+    const int room = option.rect.width() - 2 * (frame_px + 1);
+    QFont narrow = font;
+    for (int stretch = 95; width_of(option) > room && stretch >= least_stretch; stretch -= 5) {
+        narrow.setStretch(stretch);
+        option.fontMetrics = QFontMetrics(narrow);
+    }
+    option.text =
+        option.fontMetrics.elidedText(option.text, Qt::ElideRight, room, Qt::TextShowMnemonic);
+    return narrow;
 }
 
 } // namespace
@@ -101,19 +120,18 @@ void FunctionButton::mouseDoubleClickEvent(QMouseEvent* event) {
     }
 }
 
-void FunctionButton::paintEvent(QPaintEvent* event) {
-    if (!part_.has_color()) {
-        QPushButton::paintEvent(event);
-        return;
-    }
-    // Styles shade a button's colour, and some leave it out: the host's is drawn as it is.
+void FunctionButton::paintEvent(QPaintEvent* /*event*/) {
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
     painter.drawControl(QStyle::CE_PushButtonBevel, option);
-    const QColor face = palette().color(QPalette::Button);
-    painter.fillRect(rect().adjusted(frame_px, frame_px, -frame_px, -frame_px),
-                     isDown() ? face.darker(pressed_percent) : face);
+    if (part_.has_color()) {
+        // Styles shade a button's colour, and some leave it out: the host's is drawn as it is.
+        const QColor face = palette().color(QPalette::Button);
+        painter.fillRect(rect().adjusted(frame_px, frame_px, -frame_px, -frame_px),
+                         isDown() ? face.darker(pressed_percent) : face);
+    }
+    painter.setFont(fitting_font(option, font()));
     painter.drawControl(QStyle::CE_PushButtonLabel, option);
     if (hasFocus()) {
         QStyleOptionFocusRect focus;

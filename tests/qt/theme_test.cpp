@@ -176,6 +176,22 @@ TEST_F(Repainting, back_color_is_the_surface) {
     EXPECT_EQ(on_screen(*widget).pixelColor(beside_the_buttons), QColor(9, 8, 7));
 }
 
+TEST_F(Repainting, captions_stay_within_their_buttons_at_the_least_size) {
+    widget->resize(widget->minimumSizeHint());
+    widget->SetAddColor(0xFFFFFF); // a plain face: whatever differs from it is text
+    widget->show();
+    for (const char* caption : {"aggiungi", "una didascalia troppo lunga"}) {
+        widget->SetAddCaption(caption);
+        turn();
+        QWidget& button = part("btnAdd");
+        const QRect face = button.rect().adjusted(2, 2, -2, -2);
+        const QRect text = ink(drawn(button), face);
+        EXPECT_GT(text.left(), face.left()) << caption;
+        EXPECT_LT(text.right(), face.right()) << caption;
+        EXPECT_GT(text.width(), face.width() / 2) << caption;
+    }
+}
+
 TEST_F(Repainting, a_disabled_coloured_button_has_a_fainter_text) {
     widget->SetAddColor(0x0000FF);
     const QPalette palette = part("btnAdd").palette();
