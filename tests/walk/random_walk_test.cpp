@@ -16,6 +16,7 @@
 
 #include <deque>
 #include <optional>
+#include <set>
 
 namespace krv::walk {
 namespace {
@@ -59,6 +60,35 @@ protected:
         return group * walks_of_a_group + (manners() == Manners::wild ? 1000 : 0);
     }
 
+    /// A walk that hardly meets the control would prove little: every event but the one that is
+    /// never raised, and every message, has to be heard on the way.
+    void expect_all_was_met() const {
+        std::vector<std::string> missing;
+        for (const automation::Event& event : automation::events()) {
+            if (event.name != "KeyPress" && !heard_.contains("event " + std::string(event.name))) {
+                missing.emplace_back(event.name);
+            }
+        }
+        for (const char* message : {"message confermi annullamento",
+                                    "message confermi eliminazione",
+                                    "message deve essere selezionata"}) {
+            if (heard_.lower_bound(message) == heard_.end() ||
+                heard_.lower_bound(message)->rfind(message, 0) != 0) {
+                missing.emplace_back(message);
+            }
+        }
+        EXPECT_EQ(missing, std::vector<std::string>{});
+    }
+
+    void note(const std::vector<std::string>& trace) {
+        for (const std::string& what : trace) {
+            const bool is_event = what.rfind("event ", 0) == 0;
+            heard_.insert(is_event ? what.substr(0, what.find(' ', 6)) : what);
+        }
+    }
+
+    std::set<std::string> heard_;
+
     void walk(std::uint64_t seed) {
         Player first(server::make_headless_form(), seed, manners());
 #ifdef KRV_HAS_QT
@@ -79,6 +109,7 @@ protected:
             first.perform(act);
             const std::vector<std::string> trace = first.take_trace();
             road.add(act, trace);
+            note(trace);
             const std::string where =
                 "seed " + std::to_string(seed) + ", step " + std::to_string(step) + road.text();
 #ifdef KRV_HAS_QT
@@ -100,6 +131,7 @@ TEST_P(RandomWalk, is_alike_on_every_backend_and_keeps_its_promises) {
             return;
         }
     }
+    expect_all_was_met();
 }
 
 std::string name_of(const ::testing::TestParamInfo<RandomWalk::ParamType>& test) {
