@@ -103,6 +103,9 @@ bool is_told(const QKeyEvent& event) {
 
 Qt::Key qt_key(std::int16_t code, std::int16_t shift) {
     if (code == platform::key_tab) {
+        if ((shift & ~platform::shift_key) != 0) {
+            return Qt::Key_unknown; // Qt knows only three modifiers and would walk on
+        }
         return (shift & platform::shift_key) != 0 ? Qt::Key_Backtab : Qt::Key_Tab;
     }
     if ((code >= '0' && code <= '9') || (code >= 'A' && code <= 'Z')) {

@@ -15,7 +15,8 @@ std::int16_t key_code(const QKeyEvent& event);
 /// Whether key-down handlers hear of the key: it has a code, or a program sends it.
 bool is_told(const QKeyEvent& event);
 
-/// The key of Qt that a code stands for, with Shift held or not; `Qt::Key_unknown` for none.
+/// The key of Qt that a code stands for; `Qt::Key_unknown` for none, and for Tab with other modifiers
+/// than Shift.
 Qt::Key qt_key(std::int16_t code, std::int16_t shift);
 
 /// 1 Shift, 2 Ctrl, 4 Alt, added together.

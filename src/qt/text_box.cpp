@@ -49,6 +49,17 @@ bool FieldEdit::press_key(QKeyEvent& event) {
     return event.isAccepted();
 }
 
+void FieldEdit::type(QKeyEvent& event) {
+    const bool goes_left = event.matches(QKeySequence::MoveToPreviousChar);
+    if (!hasSelectedText() || (!goes_left && !event.matches(QKeySequence::MoveToNextChar))) {
+        QLineEdit::keyPressEvent(&event);
+        return;
+    }
+    const int end = goes_left ? selectionStart() : selectionEnd();
+    deselect();
+    setCursorPosition(end);
+}
+
 void FieldEdit::focusInEvent(QFocusEvent* event) {
     // What is selected is for the control to say, also when the focus came by Tab.
     const bool by_tab =

@@ -35,8 +35,9 @@ private:
 
     bool press_key(QKeyEvent& event);
 
-    /// The line edit's own handling of a key.
-    void type(QKeyEvent& event) { QLineEdit::keyPressEvent(&event); }
+    /// The line edit's own handling of a key; Left and Right go to the ends of a selection, which Qt
+    /// does on some desktops only.
+    void type(QKeyEvent& event);
 
     /// The line edit's own handling of a press.
     void press(QMouseEvent& event, bool twice) {
