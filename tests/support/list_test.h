@@ -72,6 +72,8 @@ protected:
 
     platform::Application& application() { return form_.application(); }
 
+    headless::Person& person() { return form_.person(); }
+
     std::int64_t repaints() const { return surface_->repaints(); }
 
     bool alive() const { return list_ != nullptr; }
