@@ -176,7 +176,8 @@ def editor(form: Form) -> Optional[Tuple[int, str]]:
     if not seen["Visible"]:
         return None
     lefts = form.list.columns("GridIn")["ColPos"]
-    return lefts.index(seen["Left"] - 35), seen["Text"]
+    # Hidden columns begin where the next one does: the last of them counts.
+    return max(col for col, left in enumerate(lefts) if left == seen["Left"] - 35), seen["Text"]
 
 
 def selection(form: Form) -> List[int]:
