@@ -180,6 +180,12 @@ def editor(form: Form) -> Optional[Tuple[int, str]]:
     return max(col for col, left in enumerate(lefts) if left == seen["Left"] - 35), seen["Text"]
 
 
+def caret(form: Form) -> List[Any]:
+    """The editor's text, and where its selection starts and how long it is."""
+    part = form.list.part("InpFld")
+    return [part[name] for name in ("Text", "SelStart", "SelLength")]
+
+
 def selection(form: Form) -> List[int]:
     """Row, Col, RowSel and ColSel of the list, the captions being row 0."""
     grid = form.list.part("Grid")

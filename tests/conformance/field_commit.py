@@ -2,8 +2,8 @@
 
 import krvlist
 from editable_list import (
-    ADD, START, adding, answers, cancel, close_field, editable, editor, fill, flags, go, line, object_of_host,
-    offer, open_field, open_row, opened, place, shown, tells, text,
+    ADD, START, adding, answers, cancel, caret, close_field, editable, editor, fill, flags, go, line,
+    object_of_host, offer, open_field, open_row, opened, place, shown, tells, text,
 )
 from form import TAB_STOPS, Form
 from scenarios import scenario
@@ -136,8 +136,7 @@ def a_refused_field_is_edited_again_with_its_old_text(form: Form) -> None:
     cancel(form, "BeforeFieldUpdate")
     control.focus("outside")
     form.tells(offer(0, "x"), *text(0, "a0"))
-    part = control.part("InpFld")
-    form.equal([part[name] for name in ("Text", "SelStart", "SelLength")], ["a0", 0, 2])
+    form.equal(caret(form), ["a0", 0, 2])
     form.equal((form.focused(), flags(form), line(form)), (["InpFld"], "Editing", ["a0", "b0", "c0"]))
 
 

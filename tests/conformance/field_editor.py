@@ -1,9 +1,8 @@
 """The field editor over the cells of the input line: where it stands, what it shows, who watches it."""
 
-import krvlist
 from editable_list import (
-    adding, cancel, close_field, editable, editor, fill, flags, go, line, object_of_host, offer,
-    open_field, open_row, pending, place, tells, text,
+    adding, before, cancel, caret, close_field, editable, editor, fill, flags, go, line, object_of_host,
+    offer, open_field, open_row, pending, place, tells, text,
 )
 from form import TAB_STOPS, Form
 from scenarios import scenario
@@ -70,8 +69,7 @@ def an_opened_field_is_selected_and_edited(form: Form) -> None:
     form.tells()
     form.server.yield_()
     form.tells(*text(1, "b1"))
-    part = control.part("InpFld")
-    form.equal([part[name] for name in ("Text", "SelStart", "SelLength")], ["b1", 0, 2])
+    form.equal(caret(form), ["b1", 0, 2])
     form.equal(flags(form), "Editing")
 
 
@@ -164,8 +162,7 @@ def the_host_may_rewrite_what_is_typed(form: Form) -> None:
     control.on("InputFieldChange")(lambda Value: {"Value": Value.upper()})
     control.type("x")
     form.tells(*text(0, "x", "X"))
-    part = control.part("InpFld")
-    form.equal([part[name] for name in ("Text", "SelStart", "SelLength")], ["X", 0, 0])
+    form.equal(caret(form), ["X", 0, 0])
     control.key(35)
     control.type("Y")
     form.equal(editor(form), (0, "XY"))
@@ -176,8 +173,7 @@ def typed_text_left_alone_is_told_once_a_character(form: Form) -> None:
     control = editable(form)
     open_field(form, 0)
     control.type("abc")
-    part = control.part("InpFld")
-    form.equal([part[name] for name in ("Text", "SelStart", "SelLength")], ["abc", 3, 0])
+    form.equal(caret(form), ["abc", 3, 0])
     form.tells(*text(0, "a", "ab", "abc"))
 
 

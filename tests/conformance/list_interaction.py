@@ -2,8 +2,8 @@
 
 import krvlist
 from editable_list import (
-    DROP, F6, START, adding, answers, cancel, editable, editor, flags, go, line, offer,
-    open_field, open_row, opened, pending, selection, shown, tells,
+    DROP, F6, START, adding, answers, cancel, editable, editor, flags, go, line, offer, open_field,
+    open_row, opened, pending, rows, selection, shown, tells,
 )
 from form import Form
 from keys import DOWN, UP

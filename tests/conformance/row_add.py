@@ -1,9 +1,8 @@
 """Opening a new row: Add, by its button, its key and by itself."""
 
-import krvlist
 from editable_list import (
-    ADD, CONFIRM, DROP, F5, NO_COLUMN, START, YELLOW, adding, after, answers, before, cancel,
-    editable, editor, fill, flags, go, line, lit, numbered, offer, open_field, open_row, opened, pending, place,
+    ADD, CONFIRM, DROP, F5, NO_COLUMN, START, YELLOW, adding, after, answers, before, cancel, editable,
+    editor, fill, flags, go, line, lit, numbered, offer, open_field, open_row, opened, pending, place,
     rows, selection, shown, tells, text,
 )
 from form import Form

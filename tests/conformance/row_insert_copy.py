@@ -1,10 +1,9 @@
 """Opening a row in the middle of the list, and one filled from another row."""
 
-import krvlist
 from editable_list import (
-    CONFIRM, COPY, DROP, F6, F8, INSERT, NO_COLUMN, NO_ROW, START, YELLOW, adding, after, answers, before, cancel,
-    editable, editor, fill, flags, go, line, lit, numbered, offer, open_field, open_row, opened, pending, place,
-    rows, selection, shown, tells, text,
+    CONFIRM, COPY, DROP, F6, F8, INSERT, NO_COLUMN, NO_ROW, START, YELLOW, adding, after, answers,
+    before, cancel, editable, editor, fill, flags, go, line, lit, numbered, offer, open_field, open_row,
+    opened, pending, rows, selection, shown, tells, text,
 )
 from form import Form
 from keys import ENTER
