@@ -3,6 +3,7 @@
 #include "qt/widget_fixture.h"
 
 #include <QMetaMethod>
+#include <QTest>
 
 namespace krv::qt::testing {
 
@@ -118,6 +119,45 @@ TEST_F(Signals, the_widget_may_be_destroyed_in_one) {
     on(&KarvoListWidget::KeyDown, [this](std::int16_t*, std::int16_t*, int) { widget.reset(); });
     list().SendKeys(key_x, 0);
     EXPECT_EQ(widget, nullptr);
+}
+
+TEST_F(Signals, a_slot_cancels_what_a_click_on_a_button_starts) {
+    fill(2);
+    widget->show();
+    on(&KarvoListWidget::AddClick, [this](bool* cancel) {
+        tell("add");
+        *cancel = true;
+    });
+    QTest::mouseClick(&part("btnAdd"), Qt::LeftButton);
+    EXPECT_EQ(told, (Strings{"add"}));
+    EXPECT_FALSE(widget->Adding());
+}
+
+TEST_F(Signals, a_slot_changes_the_text_that_was_typed) {
+    fill(2);
+    list().SetColEditable(0, true);
+    widget->show();
+    widget->activateWindow();
+    on(&KarvoListWidget::BeforeFieldUpdate, [this](int col, QString* value, bool*) {
+        tell(std::to_string(col) + " " + value->toStdString());
+        *value = value->toUpper();
+    });
+    widget->Add();
+    turn();
+    QTest::keyClicks(&part("InpFld"), "nuova");
+    QTest::keyClick(&part("InpFld"), Qt::Key_Tab);
+    turn();
+    EXPECT_EQ(told, (Strings{"0 nuova"}));
+    EXPECT_EQ(list().InputArray(0), "NUOVA");
+}
+
+TEST_F(Signals, the_widget_may_be_destroyed_by_a_click_on_its_button) {
+    fill(2);
+    widget->show();
+    on(&KarvoListWidget::AddClick, [this](bool*) { widget.reset(); });
+    QTest::mouseClick(&part("btnAdd"), Qt::LeftButton);
+    EXPECT_EQ(widget, nullptr);
+    turn();
 }
 
 TEST_F(Signals, bring_every_event_and_take_back_what_slots_change) {
