@@ -151,9 +151,6 @@ void RecordStore::learn_types(TableColumns& columns) {
 
 RowTexts
 RecordStore::update(const TableColumns& columns, const RowTexts& before, const RowTexts& after) {
-    if (before == after) {
-        return after;
-    }
     FieldValues changed = changes(columns, before, after);
     FieldValues key = key_of(columns, before);
     RowTexts shown = after;

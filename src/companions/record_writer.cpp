@@ -103,8 +103,8 @@ private:
 
     void connect() { store_.connect(connect_.empty() ? list_->Connect() : connect_); }
 
-    TableColumns columns();
-    RowTexts written(const TableColumns& columns, std::int32_t row);
+    void connect_to(TableColumns& columns);
+    RowTexts written(TableColumns& columns, std::int32_t row);
     void show_in_input_line(const TableColumns& columns, const RowTexts& texts);
     Deletion planned_deletion(std::int32_t row);
 
@@ -127,7 +127,7 @@ void RecordWriter::Rooms::write_row(std::int32_t row, bool& cancel) {
         if (lacks_necessary_value(*list_)) {
             return;
         }
-        table = columns();
+        table = table_columns(*list_);
         shown = written(table, row);
     } catch (...) {
         cancel = true;
@@ -141,23 +141,28 @@ void RecordWriter::Rooms::write_row(std::int32_t row, bool& cancel) {
     }
 }
 
-TableColumns RecordWriter::Rooms::columns() {
-    TableColumns columns = table_columns(*list_);
+void RecordWriter::Rooms::connect_to(TableColumns& columns) {
     connect();
     store_.learn_types(columns);
-    return columns;
 }
 
-RowTexts RecordWriter::Rooms::written(const TableColumns& columns, std::int32_t row) {
+/// \return the record's texts afterwards
+RowTexts RecordWriter::Rooms::written(TableColumns& columns, std::int32_t row) {
     RowTexts texts = input_texts(*list_, columns);
     if (list_->Adding() || list_->Inserting()) {
         leave_copied_key_out(columns, texts, copied_key_);
+        connect_to(columns);
         return store_.insert(columns, texts);
     }
     if (row < 0 || row >= list_->Rows()) {
         throw Refusal("La riga non è più nell'elenco.");
     }
-    return store_.update(columns, list_texts(*list_, columns, row), texts);
+    const RowTexts before = list_texts(*list_, columns, row);
+    if (before == texts) {
+        return texts;
+    }
+    connect_to(columns);
+    return store_.update(columns, before, texts);
 }
 
 void RecordWriter::Rooms::show_in_input_line(const TableColumns& columns, const RowTexts& texts) {
@@ -200,7 +205,8 @@ void RecordWriter::Rooms::deletion_starts(bool& cancel) {
 
 /// Throws what would keep the record from being found once the row is gone.
 RecordWriter::Rooms::Deletion RecordWriter::Rooms::planned_deletion(std::int32_t row) {
-    Deletion deletion{RemovedRow(*list_, row), columns(), {}};
+    Deletion deletion{RemovedRow(*list_, row), table_columns(*list_), {}};
+    connect_to(deletion.columns);
     deletion.texts = list_texts(*list_, deletion.columns, row);
     store_.key_of(deletion.columns, deletion.texts);
     return deletion;
@@ -266,23 +272,27 @@ void RecordWriter::BeforeRowUpdate(std::int32_t RowInEdit,
                                    std::int32_t /*ColInEdit*/,
                                    bool& Cancel,
                                    bool& ExternalHandling) {
-    if (!Cancel && !ExternalHandling) {
+    if (!Cancel && !ExternalHandling && rooms_->list() != nullptr) {
         rooms_->write_row(RowInEdit, Cancel);
     }
 }
 
 void RecordWriter::CopyClick(bool& Cancel) {
-    if (!Cancel) {
+    if (!Cancel && rooms_->list() != nullptr) {
         rooms_->copy_starts();
     }
 }
 
 void RecordWriter::DeleteClick(bool& Cancel) {
-    rooms_->deletion_starts(Cancel);
+    if (rooms_->list() != nullptr) {
+        rooms_->deletion_starts(Cancel);
+    }
 }
 
 void RecordWriter::AfterRowDelete(std::int32_t /*DeletedRow*/) {
-    rooms_->row_is_removed();
+    if (rooms_->list() != nullptr) {
+        rooms_->row_is_removed();
+    }
 }
 
 } // namespace krv::companions

@@ -35,13 +35,11 @@ TEST_F(WriterTest, only_fields_that_were_changed_are_written) {
 TEST_F(WriterTest, a_row_without_a_change_touches_no_database) {
     list().SetConnect("Provider=SQLite;Data Source=manca.db");
     edit(0, {{name, "Aratro"}});
-    EXPECT_THAT(messages(), ElementsAre(HasSubstr("Errore del database: ")));
-    list().SetConnect("Provider=SQLite;Data Source=" + path);
-    run_elsewhere("CREATE TRIGGER mai BEFORE UPDATE ON articoli BEGIN"
-                  " SELECT RAISE(ABORT, 'scritto'); END");
-    list().OK();
-    EXPECT_EQ(messages().size(), 1U);
+    EXPECT_THAT(messages(), IsEmpty());
     EXPECT_FALSE(is_open());
+    edit(0, {{name, "Ascia"}});
+    EXPECT_THAT(messages(), ElementsAre(HasSubstr("Errore del database: ")));
+    EXPECT_TRUE(is_open());
 }
 
 TEST_F(WriterTest, an_emptied_field_becomes_Null) {
