@@ -5,9 +5,9 @@
 //
 // The density of the picture is Qt's: QT_SCALE_FACTOR, QT_FONT_DPI.
 
-#include "demo/column_plan.h"
-#include "demo/options.h"
-#include "demo/source.h"
+#include "../demo/column_plan.h"
+#include "../demo/options.h"
+#include "../demo/source.h"
 
 #include "krv/qt/grid_view.h"
 #include "krv/qt/karvo_list_widget.h"
