@@ -2,10 +2,10 @@
 
 import krvlist
 from editable_list import (
-    ADD, START, adding, answers, cancel, caret, close_field, editable, editor, fill, flags, go, line,
-    object_of_host, offer, open_field, open_row, opened, place, shown, tells, text,
+    ADD, START, answers, close_field, editable, editor, fill, flags, line, offer, open_field, open_row,
+    place, shown, tells, text,
 )
-from form import TAB_STOPS, Form
+from form import Form
 from scenarios import scenario
 
 PATTERNS = ("", "dd/mm/yyyy", "d mmm yyyy", "#,##0.00", "0%", "hh:nn", ">", "@@@@@")
@@ -127,65 +127,6 @@ def a_stored_value_is_told_as_a_change_and_may_be_changed_there(form: Form) -> N
 
 
 @scenario
-def a_refused_field_is_edited_again_with_its_old_text(form: Form) -> None:
-    control = editable(form)
-    open_field(form, 0)
-    control.type("x")
-    control.OkVisible = False
-    form.happened()
-    cancel(form, "BeforeFieldUpdate")
-    control.focus("outside")
-    form.tells(offer(0, "x"), *text(0, "a0"))
-    form.equal(caret(form), ["a0", 0, 2])
-    form.equal((form.focused(), flags(form), line(form)), (["InpFld"], "Editing", ["a0", "b0", "c0"]))
-
-
-@scenario
-def a_refused_field_goes_to_the_hosts_object(form: Form) -> None:
-    control = editable(form)
-    object_of_host(form, "o1")
-    open_field(form, 0)
-    control.type("x")
-    control.OkVisible = False
-    form.happened()
-    cancel(form, "BeforeFieldUpdate")
-    control.focus("btnAdd")
-    form.tells(offer(0, "x"))
-    form.equal((form.focused(), editor(form), flags(form), line(form)), ([], None, "", ["a0", "b0", "c0"]))
-
-
-@scenario
-def a_refused_field_stays_when_the_hosts_object_takes_no_focus(form: Form) -> None:
-    control = editable(form)
-    object_of_host(form, "o1", focusable=False)
-    open_field(form, 0)
-    control.type("x")
-    form.happened()
-    cancel(form, "BeforeFieldUpdate")
-    control.focus("outside")
-    form.tells(offer(0, "x"), *text(0, "a0"))
-    form.equal((form.focused(), editor(form)), (["InpFld"], (0, "a0")))
-
-
-@scenario
-def a_refused_field_keeps_the_tab_stops_away(form: Form) -> None:
-    control = editable(form)
-    control.MoveWithTab = True
-    open_field(form, 0)
-    control.type("x")
-    form.happened()
-    cancel(form, "BeforeFieldUpdate")
-    form.equal(control.SetInput(1), False)
-    form.server.yield_()
-    form.equal((editor(form), form.focused(), control.MoveWithTab), ((0, "a0"), ["InpFld"], True))
-    form.equal(sum(form.of_parts(TAB_STOPS, "TabStop")) <= 1, True)
-    control.off("BeforeFieldUpdate")
-    control.listen("*")
-    close_field(form)
-    form.equal((control.MoveWithTab, form.of_parts(TAB_STOPS, "TabStop")), (False, [True] * 8))
-
-
-@scenario
 def a_field_is_offered_once_however_it_is_left(form: Form) -> None:
     ways = (
         lambda control: control.focus("outside"),
@@ -292,48 +233,6 @@ def an_error_in_the_offer_keeps_what_was_typed(form: Form) -> None:
     close_field(form)
     form.tells(offer(0, "new"))
     form.equal(line(form), ["new", "b0", "c0"])
-
-
-@scenario
-def a_refusal_counts_for_nothing_while_an_edit_is_dropped(form: Form) -> None:
-    control = editable(form)
-    open_field(form, 0)
-    control.type("xy")
-    form.happened()
-    cancel(form, "BeforeFieldUpdate")
-    answers(form, "yes")
-    go(form, 2)
-    tells(form, "message confermi annullamento modifiche? [yesno] Rolda", offer(0, "xy"), *opened(2), "changed Row")
-    form.equal((line(form), editor(form)), (["a2", "b2", "c2"], None))
-
-
-@scenario
-def Add_stops_at_a_refused_field(form: Form) -> None:
-    control = editable(form)
-    open_field(form, 0)
-    control.type("xy")
-    form.happened()
-    cancel(form, "BeforeFieldUpdate")
-    form.equal(control.Add(), False)
-    form.server.yield_()
-    tells(form, ADD, offer(0, "xy"))
-    form.equal((editor(form), flags(form), control.Row), ((0, "a0"), "Editing InputModified", 0))
-
-
-@scenario
-def a_field_refused_in_a_new_row_keeps_the_row(form: Form) -> None:
-    control = editable(form)
-    adding(form, "one")
-    place(form, 1)
-    control.type("x")
-    form.happened()
-    cancel(form, "BeforeFieldUpdate")
-    for command in (control.OK, control.Add):
-        command()
-        form.server.yield_()
-        form.equal((line(form), editor(form), control.Rows), (["one", "", ""], (1, ""), 3))
-        control.type("x")
-    form.equal(flags(form), "Adding Editing InputModified")
 
 
 @scenario
