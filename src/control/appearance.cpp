@@ -34,8 +34,7 @@ void set_font(const ControlState& state, float size) {
     const auto row_height = static_cast<platform::Twips>(std::nearbyint(height));
 
     parts.Grid.SetFontSize(size);
-    for (platform::Button* button :
-         {&parts.btnAdd, &parts.btnInsert, &parts.btnDelete, &parts.btnCopy, &parts.btnOK}) {
+    for (platform::Button* button : parts.buttons()) {
         button->SetFontSize(size);
     }
     for (std::int32_t row = 0; row < parts.Grid.Rows(); ++row) {

@@ -33,7 +33,13 @@ struct EditState {
     std::uint32_t kept_edits = 0;
     /// Fields over which the editor was put.
     std::uint32_t placements = 0;
+    /// Gains of the focus, each of which opens a field.
+    std::uint32_t focus_gains = 0;
+    /// Rows that the input line held, or gave up: its cells belong to another row when it moved.
+    std::uint32_t lines = 0;
 
+    /// The host is being asked about the open field's text, which is in no cell yet.
+    bool offering = false;
     /// A refused editor was shown again, and its focus gain is still to come: a loss of the focus
     /// that is reported meanwhile happened before.
     bool editor_returns = false;

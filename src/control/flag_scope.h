@@ -30,4 +30,27 @@ private:
     bool before_;
 };
 
+/// Counts one more for as long as it lives, unless the control is gone by then.
+class CountScope {
+public:
+    CountScope(int& count, const platform::LifeToken& life)
+        : count_(count)
+        , watch_(life) {
+        ++count_;
+    }
+
+    CountScope(const CountScope&) = delete;
+    CountScope& operator=(const CountScope&) = delete;
+
+    ~CountScope() {
+        if (!watch_.ended()) {
+            --count_;
+        }
+    }
+
+private:
+    int& count_;
+    platform::LifeWatch watch_;
+};
+
 } // namespace krv

@@ -30,8 +30,7 @@ void KarvoList::InitProperties() {
     state.edit.Adding = false;
     state.edit.Inserting = false;
     state.AutoAdd = true;
-    for (platform::Button* button :
-         {&parts.btnAdd, &parts.btnInsert, &parts.btnDelete, &parts.btnCopy, &parts.btnOK}) {
+    for (platform::Button* button : parts.buttons()) {
         button->SetHeight(255);
     }
     parts.Grid.SetRows(1);
@@ -132,8 +131,7 @@ bool KarvoList::Enabled() const {
 
 void KarvoList::SetEnabled(bool enabled) {
     const Constituents& parts = rooms_->state.parts;
-    for (platform::Button* button :
-         {&parts.btnAdd, &parts.btnInsert, &parts.btnDelete, &parts.btnCopy, &parts.btnOK}) {
+    for (platform::Button* button : parts.buttons()) {
         button->SetEnabled(enabled);
     }
     rooms_->changed("Enabled");

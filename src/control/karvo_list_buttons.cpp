@@ -209,8 +209,7 @@ platform::TwipsSingle KarvoList::ButtonsHeight() const {
 
 void KarvoList::SetButtonsHeight(platform::TwipsSingle height) {
     const Constituents& parts = rooms_->state.parts;
-    for (platform::Button* button :
-         {&parts.btnAdd, &parts.btnInsert, &parts.btnDelete, &parts.btnCopy, &parts.btnOK}) {
+    for (platform::Button* button : parts.buttons()) {
         button->SetHeight(height);
     }
     rooms_->Resize();

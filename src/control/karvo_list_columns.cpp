@@ -14,8 +14,9 @@ std::int32_t KarvoList::Cols() const {
 void KarvoList::SetCols(std::int32_t cols) {
     ControlState& state = rooms_->state;
     state.columns.Resize(add_long(cols, -1));
-    if (state.edit.FieldHasFocus && state.edit.ColInEdit >= cols) {
-        state.commands->CloseField(); // its column goes away: the text has no cell to go to
+    if (state.edit.ColInEdit >= cols) { // its column goes away: the text has no cell to go to
+        state.commands->CloseField();
+        state.parts.InpFld.SetVisible(false);
     }
     state.parts.Grid.SetCols(cols);
     state.parts.GridIn.SetCols(cols);

@@ -48,8 +48,6 @@ public:
 
     void Confirm() override { row_commit.Confirm(); }
 
-    void CommitField() override { field_commit.run(); }
-
     void CloseField() override { field_commit.close(); }
 
     void RowChanged() override { interaction.RowChanged(); }

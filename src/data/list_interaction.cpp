@@ -36,12 +36,25 @@ void ListInteraction::RowChanged() {
         }
     }
     if (leaving == Leaving::kept && state_.AutoStartInputOnClick) {
-        parts.InpFld.SetVisible(true);
-        parts.InpFld.SetFocus();
+        editing::show_editor_again(state_);
     }
 }
 
 ListInteraction::Leaving ListInteraction::leave_edited_row() {
+    const platform::LifeWatch watch(state_.life);
+    try {
+        return ask_about_edited_row();
+    } catch (...) {
+        // An error of the host is no answer: the row that is open stays the current one.
+        if (!watch.ended() && state_.parts.GridIn.Visible()) {
+            ++state_.edit.kept_edits;
+            restore_edited_row();
+        }
+        throw;
+    }
+}
+
+ListInteraction::Leaving ListInteraction::ask_about_edited_row() {
     const platform::LifeWatch watch(state_.life);
     EditState& edit = state_.edit;
     const std::uint32_t refusals = edit.refusals;
@@ -109,6 +122,7 @@ void ListInteraction::drop_edit() {
     if (watch.ended()) {
         return;
     }
+    editing::begin_line(state_);
     parts.btnOK.SetVisible(false);
     parts.GridIn.SetVisible(false);
     buttons_.EvidenziaFunzione(0);
@@ -129,6 +143,7 @@ void ListInteraction::open_row() {
     const Constituents& parts = state_.parts;
     state_.commands->CloseField(); // its cell gets another row's text
     parts.InpFld.SetVisible(false);
+    editing::begin_line(state_);
     const std::int32_t row = parts.Grid.Row();
     state_.edit.EditRow = row - 1;
     state_.edit.Adding = false;
@@ -138,7 +153,7 @@ void ListInteraction::open_row() {
     }
     editing::show_input_line(state_);
     if (state_.AutoStartInputOnClick) {
-        editor_.place_at(0, editing::Search::forward);
+        editor_.place(0, editing::Search::forward);
         if (watch.ended()) {
             return;
         }
@@ -154,8 +169,8 @@ void ListInteraction::tell_row_is_open() {
     const Constituents& parts = state_.parts;
     std::int32_t row = parts.Grid.Row() - 1;
     state_.events.raise(&KarvoListEvents::RowSelect, row);
-    if (watch.ended()) {
-        return;
+    if (watch.ended() || parts.Grid.Row() < 1) {
+        return; // the host left the row again
     }
     if (buttons_.visible(Function::insert)) {
         parts.btnInsert.SetVisible(true);

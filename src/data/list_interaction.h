@@ -41,6 +41,7 @@ private:
     enum class Leaving : std::uint8_t { left, kept, refused, control_is_gone };
 
     Leaving leave_edited_row();
+    Leaving ask_about_edited_row();
     bool is_edit_pending() const;
     void restore_edited_row() const;
     void drop_edit();

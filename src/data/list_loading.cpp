@@ -5,16 +5,9 @@
 #include "control/function_buttons.h"
 #include "data/record_source.h"
 #include "editing/commands.h"
+#include "editing/input_line.h"
 
 namespace krv::data {
-
-namespace {
-
-bool is_blank(const std::string& text) {
-    return text.find_first_not_of(' ') == std::string::npos;
-}
-
-} // namespace
 
 ListLoading::ListLoading(ControlState& state, RecordSource& source, FunctionButtons& buttons)
     : state_(state)
@@ -49,7 +42,7 @@ void ListLoading::fill_row(std::int32_t grid_row, const platform::Fields& fields
     const std::int32_t cols = list.Cols();
     for (std::int32_t col = 0; col < cols; ++col) {
         const std::string& field_name = state_.columns.ColDataField(col);
-        if (is_blank(field_name)) {
+        if (editing::is_blank(field_name)) {
             continue;
         }
         const platform::ValueView value = fields.Item(field_name).Value();
@@ -79,6 +72,7 @@ void ListLoading::reset_after_refresh() {
     // place.
     const FlagScope row_change_is_held_off(state_.edit.RowChangeBusy, state_.life);
     state_.commands->CloseField();
+    editing::begin_line(state_);
     state_.host.container.Repaint();
     state_.edit.EditRow = -1;
     parts.Grid.SetRow(0);
@@ -122,6 +116,7 @@ void ListLoading::Svuota(bool never_add) {
 void ListLoading::reset_after_emptying(AutomaticAdd automatic_add) {
     const platform::LifeWatch watch(state_.life);
     const Constituents& parts = state_.parts;
+    editing::begin_line(state_);
     parts.btnOK.SetVisible(false);
     state_.edit.EditRow = -1;
     buttons_.EvidenziaFunzione(0);
@@ -136,19 +131,9 @@ void ListLoading::reset_after_emptying(AutomaticAdd automatic_add) {
     if (watch.ended()) {
         return;
     }
-    editing::Commands& commands = *state_.commands;
-    commands.RowChanged();
-    if (watch.ended() || !state_.AutoAdd || automatic_add == AutomaticAdd::withheld) {
-        return;
-    }
-    // Deliberate: the command runs twice with a turn between; hosts see its events twice.
-    commands.Add();
-    if (watch.ended()) {
-        return;
-    }
-    state_.host.application.Yield();
-    if (!watch.ended()) {
-        commands.Add();
+    state_.commands->RowChanged();
+    if (!watch.ended() && state_.AutoAdd && automatic_add == AutomaticAdd::allowed) {
+        editing::add_automatically(state_);
     }
 }
 

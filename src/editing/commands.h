@@ -15,9 +15,6 @@ public:
     virtual void Delete() = 0;
     virtual void Confirm() = 0;
 
-    /// Stores or refuses the open field, as when the editor loses the focus.
-    virtual void CommitField() = 0;
-
     /// Closes the open field without offering or storing its text: editor hidden, `Editing` False,
     /// tab stops given back, no event. Nothing happens when no field is open.
     virtual void CloseField() = 0;

@@ -87,8 +87,8 @@ void EditorKeys::move_right() {
         return;
     }
     const std::int32_t col = state_.edit.ColInEdit;
-    if (!editor_.place_at(col + 1, Search::forward) && !watch.ended()) {
-        editor_.place_at(state_.edit.ColInEdit, Search::none);
+    if (!editor_.place(col + 1, Search::forward) && !watch.ended()) {
+        editor_.place(state_.edit.ColInEdit, Search::none);
     }
 }
 
@@ -98,8 +98,8 @@ void EditorKeys::move_left() {
         return;
     }
     const std::int32_t col = state_.edit.ColInEdit;
-    if (!editor_.place_at(col - 1, Search::backward) && !watch.ended()) {
-        editor_.place_at(state_.edit.ColInEdit, Search::none);
+    if (!editor_.place(col - 1, Search::backward) && !watch.ended()) {
+        editor_.place(state_.edit.ColInEdit, Search::none);
     }
 }
 
@@ -129,8 +129,7 @@ void EditorKeys::escape() {
     editor.SetVisible(false);
     state_.host.application.Yield();
     if (!watch.ended()) {
-        editor.SetVisible(true);
-        editor.SetFocus();
+        show_editor_again(state_);
     }
 }
 

@@ -2,28 +2,39 @@
 
 #include "control/appearance.h"
 #include "control/control_state.h"
+#include "control/flag_scope.h"
 #include "editing/input_line.h"
 
 #include <exception>
 
 namespace krv::editing {
 
-/// The field that a commit is about. The host may open another one meanwhile; this one is over
-/// then, and the new one is left alone.
+/// The field that a commit is about. The host may open another one meanwhile, or another row: this
+/// one is over then, and what is new is left alone.
 struct FieldCommit::Field {
     explicit Field(const ControlState& control)
         : state(control)
         , watch(control.life)
         , col(control.edit.ColInEdit)
         , placements(control.edit.placements)
+        , focus_gains(control.edit.focus_gains)
+        , lines(control.edit.lines)
         , value(control.parts.InpFld.Text()) {}
 
-    bool is_current() const { return state.edit.placements == placements; }
+    /// The editor serves no other field.
+    bool has_editor() const {
+        return state.edit.placements == placements && state.edit.focus_gains == focus_gains;
+    }
+
+    /// The cell under it belongs to the same row.
+    bool has_cell() const { return state.edit.lines == lines && col < state.parts.GridIn.Cols(); }
 
     const ControlState& state;
     platform::LifeWatch watch;
     const std::int32_t col;
     const std::uint32_t placements;
+    const std::uint32_t focus_gains;
+    const std::uint32_t lines;
     std::string value;
 };
 
@@ -47,11 +58,11 @@ void FieldCommit::run() {
         if (field.watch.ended()) {
             return;
         }
-        if (!accepted && !edit.dropping) {
+        if (!accepted && !edit.dropping && field.has_cell()) {
             refuse(field);
             return;
         }
-        if (accepted) {
+        if (accepted && field.has_cell()) {
             try {
                 store(field);
             } catch (...) {
@@ -59,7 +70,7 @@ void FieldCommit::run() {
             }
         }
     }
-    if (!field.watch.ended() && field.is_current()) {
+    if (!field.watch.ended() && field.has_editor()) {
         end();
     }
     if (error) {
@@ -72,9 +83,10 @@ bool FieldCommit::offer(Field& field) {
     std::int32_t col = field.col;
     bool cancel = false;
     try {
+        const FlagScope offering(state_.edit.offering, state_.life);
         state_.events.raise(&KarvoListEvents::BeforeFieldUpdate, col, field.value, cancel);
     } catch (...) {
-        if (!field.watch.ended() && field.is_current()) {
+        if (!field.watch.ended() && field.has_editor() && field.has_cell()) {
             state_.edit.FieldHasFocus = true;
             state_.edit.keeps_typed_text = true;
             bring_editor_back();
@@ -87,7 +99,7 @@ bool FieldCommit::offer(Field& field) {
 void FieldCommit::refuse(const Field& field) {
     EditState& edit = state_.edit;
     ++edit.refusals;
-    if (!field.is_current()) {
+    if (!field.has_editor()) {
         return;
     }
     edit.FieldHasFocus = false;
@@ -99,31 +111,40 @@ void FieldCommit::refuse(const Field& field) {
 
 void FieldCommit::bring_editor_back() {
     platform::TextBox& editor = state_.parts.InpFld;
+    if (!state_.parts.GridIn.Visible()) {
+        return; // the row went meanwhile
+    }
     editor.SetVisible(true);
     if (!state_.parts.btnAdd.TabStop()) {
         editor.SetTabStop(true);
     }
-    editor.SetFocus();
-    state_.edit.editor_returns = true;
+    try {
+        editor.SetFocus();
+        state_.edit.editor_returns = true;
+    } catch (const platform::RuntimeError&) {
+        return; // shown all the same; a person's press gives it the focus
+    }
 }
 
 void FieldCommit::store(const Field& field) {
     std::string text = field.value;
     std::exception_ptr error;
-    if (field.is_current()) {
+    if (field.has_editor()) {
         try {
             state_.parts.InpFld.SetText(text); // its change is told: the host may rewrite it again
         } catch (...) {
             error = std::current_exception();
         }
-        if (!field.watch.ended() && field.is_current()) {
+        if (!field.watch.ended() && field.has_editor()) {
             text = state_.parts.InpFld.Text();
         }
     }
-    if (!field.watch.ended()) {
+    if (!field.watch.ended() && field.has_cell()) {
         state_.parts.btnOK.SetVisible(true);
-        if (field.col < state_.parts.GridIn.Cols()) {
-            write_cell(field.col, text);
+        write_cell(field.col, text);
+        if (state_.edit.FieldHasFocus && state_.edit.ColInEdit == field.col) {
+            // Opened again meanwhile: it shows the cell's old text, which must not come back.
+            state_.parts.InpFld.SetText(text_for_editor(state_, field.col));
         }
     }
     if (error) {
@@ -150,6 +171,8 @@ void FieldCommit::end() {
 }
 
 void FieldCommit::close() {
+    state_.edit.editor_returns = false;
+    state_.edit.keeps_typed_text = false;
     if (!state_.edit.FieldHasFocus) {
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "control/appearance.h"
 #include "control/control_state.h"
+#include "control/flag_scope.h"
 #include "control/layout.h"
 #include "editing/field_commit.h"
 #include "editing/input_line.h"
@@ -16,10 +17,10 @@ namespace krv::editing {
 // --- Placing -------------------------------------------------------------------------------------
 
 bool FieldEditor::SetInput(std::int32_t col) {
-    return state_.parts.GridIn.Visible() && place_at(col, Search::none);
+    return state_.parts.GridIn.Visible() && place(col, Search::none);
 }
 
-bool FieldEditor::place(std::int32_t& col, Search search) {
+bool FieldEditor::place(std::int32_t col, Search search) {
     const platform::LifeWatch watch(state_.life);
     if (!close_open_field() || watch.ended()) {
         return false;
@@ -28,15 +29,16 @@ bool FieldEditor::place(std::int32_t& col, Search search) {
     if (!line.Visible() || col > line.Cols() - 1 || !find_column(col, search)) {
         return false; // without an open row there is nothing that the editor could stand over
     }
-    ++state_.edit.placements;
+    state_.edit.editor_returns = false;
     state_.edit.ColInEdit = col;
+    const std::uint32_t placements = ++state_.edit.placements;
     place_editor_over(state_.parts, col);
     platform::TextBox& editor = state_.parts.InpFld;
     editor.SetMaxLength(state_.columns.ColFieldLength(col));
     editor.SetVisible(true);
     if (!state_.parts.btnAdd.TabStop()) {
         focus_gained(); // the focus may be there already, and would not be announced again
-        if (watch.ended()) {
+        if (watch.ended() || state_.edit.placements != placements || !editor.Visible()) {
             return false;
         }
     }
@@ -86,7 +88,6 @@ bool FieldEditor::find_column(std::int32_t& col, Search search) const {
 void FieldEditor::focus_gained() {
     EditState& edit = state_.edit;
     platform::TextBox& editor = state_.parts.InpFld;
-    const platform::LifeWatch watch(state_.life);
     edit.editor_returns = false;
     if (edit.ColInEdit >= state_.parts.GridIn.Cols()) {
         return; // its column went away before the focus was announced
@@ -94,11 +95,21 @@ void FieldEditor::focus_gained() {
     if (!state_.parts.btnAdd.TabStop()) {
         clear_tab_stops(state_);
     }
+    const platform::LifeWatch watch(state_.life);
+    const std::uint32_t placements = edit.placements;
+    const std::uint32_t focus_gains = ++edit.focus_gains;
     edit.FieldHasFocus = true;
     if (!std::exchange(edit.keeps_typed_text, false)) {
-        const std::uint32_t placements = edit.placements;
-        editor.SetText(text_for_editor(state_, edit.ColInEdit));
-        if (watch.ended() || !edit.FieldHasFocus || edit.placements != placements) {
+        try {
+            editor.SetText(text_for_editor(state_, edit.ColInEdit));
+        } catch (...) {
+            if (!watch.ended()) {
+                edit.Editing = edit.FieldHasFocus; // the field is open all the same
+            }
+            throw;
+        }
+        if (watch.ended() || !edit.FieldHasFocus || edit.placements != placements ||
+            edit.focus_gains != focus_gains) {
             return; // a handler of the change closed the field, or opened another
         }
     }
@@ -115,31 +126,14 @@ void FieldEditor::text_changed() {
             platform::error_number::out_of_stack_space, "Out of stack space", "krvList3");
     }
     const platform::LifeWatch watch(state_.life);
-
-    struct Level {
-        Level(int& count, const platform::LifeWatch& life)
-            : level(count)
-            , alive(life) {
-            ++level;
-        }
-
-        ~Level() {
-            if (!alive.ended()) {
-                --level;
-            }
-        }
-
-        int& level;
-        const platform::LifeWatch& alive;
-    };
-
-    const Level level(changes_under_way_, watch);
-
+    const CountScope level(changes_under_way_, state_.life);
+    const std::uint32_t placements = state_.edit.placements;
+    const std::uint32_t lines = state_.edit.lines;
     platform::TextBox& editor = state_.parts.InpFld;
     std::int32_t col = state_.edit.ColInEdit;
     std::string value = editor.Text();
     state_.events.raise(&KarvoListEvents::InputFieldChange, col, value);
-    if (!watch.ended()) {
+    if (!watch.ended() && state_.edit.placements == placements && state_.edit.lines == lines) {
         editor.SetText(value);
     }
 }
@@ -162,7 +156,7 @@ void FieldEditor::mouse_down_on_line(std::int16_t button, std::int16_t shift, fl
     state_.events.raise(&KarvoListEvents::InputLineClick, button, shift, x, y, col);
     if (!watch.ended()) {
         // Deliberate: the pressed cell's column as the grid has it, not the one found from x.
-        place_at(state_.parts.GridIn.Col(), Search::none);
+        place(state_.parts.GridIn.Col(), Search::none);
     }
 }
 
@@ -176,53 +170,77 @@ void FieldEditor::double_click_on_line() {
 
 void FieldEditor::double_click(EditorPart editor_part) {
     const platform::LifeWatch watch(state_.life);
+    const EditState& edit = state_.edit;
     platform::TextBox& editor = state_.parts.InpFld;
     platform::Grid& line = state_.parts.GridIn;
-    std::int32_t col = state_.edit.ColInEdit;
+    const bool takes_editor = editor_part == EditorPart::taken;
+    std::int32_t col = edit.ColInEdit;
     if (col >= line.Cols()) {
         return;
     }
     const std::string cell(line.TextMatrix(1, col));
-    std::string value;
-    if (editor_part == EditorPart::taken) {
-        value = editor.Text();
-        editor.SetText("");
+    const std::uint32_t lines = edit.lines;
+    const std::uint32_t placements = edit.placements;
+    std::string value = takes_editor ? editor.Text() : std::string();
+    const std::string typed = value;
+    bool was_modified = false;
+    const auto put_back = [&] {
+        if (watch.ended() || edit.lines != lines || col >= line.Cols()) {
+            return false; // the row that it was about is gone
+        }
+        line.SetTextMatrix(1, col, cell); // undoes what the commit of the emptied field wrote
+        state_.parts.btnOK.SetVisible(was_modified);
+        return true;
+    };
+    try {
+        if (takes_editor) {
+            editor.SetText("");
+        }
         if (watch.ended()) {
             return;
         }
-    }
-    const bool was_modified = state_.parts.btnOK.Visible();
-    if (editor_part == EditorPart::taken) {
-        editor.SetVisible(false);
-        state_.host.application.Yield(); // the emptied field is committed now
+        was_modified = state_.parts.btnOK.Visible();
+        if (takes_editor) {
+            editor.SetVisible(false);
+            state_.host.application.Yield(); // the emptied field is committed now
+        }
         if (watch.ended()) {
             return;
         }
+        state_.events.raise(&KarvoListEvents::InputLineDblClick, col, value);
+    } catch (...) {
+        if (put_back() && takes_editor) {
+            reopen_with(typed);
+        }
+        throw;
     }
-    state_.events.raise(&KarvoListEvents::InputLineDblClick, col, value);
-    if (watch.ended() || col >= line.Cols()) {
-        return;
-    }
-    line.SetTextMatrix(1, col, cell); // undoes what the commit of the emptied field wrote
-    state_.parts.btnOK.SetVisible(was_modified);
-    if (editor_part == EditorPart::taken) {
-        show_with(col, value);
+    // A field that the host opened meanwhile is left alone.
+    if (put_back() && takes_editor && edit.placements == placements) {
+        show_with(value);
     }
 }
 
 /// Types a value into the field: it is stored when the field is left.
-void FieldEditor::show_with(std::int32_t col, const std::string& value) {
-    if (state_.edit.ColInEdit != col || !state_.parts.GridIn.Visible()) {
-        return; // the host went elsewhere inside the event
-    }
+void FieldEditor::show_with(const std::string& value) {
     const platform::LifeWatch watch(state_.life);
-    platform::TextBox& editor = state_.parts.InpFld;
-    editor.SetVisible(true);
-    editor.SetFocus();
-    state_.host.application.Yield();
-    if (!watch.ended()) {
-        editor.SetText(value);
+    if (!show_editor_again(state_)) {
+        return; // the host closed the row inside the event
     }
+    const std::uint32_t lines = state_.edit.lines;
+    state_.host.application.Yield();
+    if (!watch.ended() && state_.edit.lines == lines) {
+        state_.parts.InpFld.SetText(value);
+    }
+}
+
+/// After an error of the host: the field as it was, with what was typed.
+void FieldEditor::reopen_with(const std::string& value) {
+    const platform::LifeWatch watch(state_.life);
+    if (!show_editor_again(state_)) {
+        return;
+    }
+    state_.edit.keeps_typed_text = true;
+    state_.parts.InpFld.SetText(value);
 }
 
 } // namespace krv::editing

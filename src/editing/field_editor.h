@@ -23,15 +23,11 @@ public:
         , commit_(commit) {}
 
     /// Closes the open field, then puts the editor over a usable column and gives it the focus.
-    /// \param col     becomes the column chosen, or where the search ended
-    /// \return        false when there is no such column, no row is open, or the open field could not
-    ///                be left
-    bool place(std::int32_t& col, Search search);
+    /// \return false when there is no such column, no row is open, the open field could not be left,
+    ///         or the host closed the new one at once
+    bool place(std::int32_t col, Search search);
 
-    /// As above; where the editor went does not matter.
-    bool place_at(std::int32_t col, Search search) { return place(col, search); }
-
-    /// `place_at` while the input line is shown. \return whether the editor stands there
+    /// `place` while the input line is shown. \return whether the editor stands there
     bool SetInput(std::int32_t col);
 
     /// The editor got the focus: a field is open.
@@ -52,7 +48,8 @@ private:
     bool close_open_field();
     bool find_column(std::int32_t& col, Search search) const;
     void double_click(EditorPart editor_part);
-    void show_with(std::int32_t col, const std::string& value);
+    void show_with(const std::string& value);
+    void reopen_with(const std::string& value);
 
     ControlState& state_;
     FieldCommit& commit_;

@@ -2,6 +2,7 @@
 
 #include "control/control_state.h"
 #include "control/failures.h"
+#include "editing/commands.h"
 
 namespace krv::editing {
 
@@ -35,9 +36,23 @@ void show_input_line(const ControlState& state) {
     state.parts.GridIn.SetVisible(true);
 }
 
-void empty_input_line(const ControlState& state) {
+void begin_line(ControlState& state) {
+    ++state.edit.lines;
+}
+
+bool show_editor_again(const ControlState& state) {
+    if (!state.parts.GridIn.Visible() || !is_usable(state, state.edit.ColInEdit)) {
+        return false;
+    }
+    state.parts.InpFld.SetVisible(true);
+    state.parts.InpFld.SetFocus();
+    return true;
+}
+
+void empty_input_line(ControlState& state) {
     platform::Grid& line = state.parts.GridIn;
     const auto last = narrow<std::int16_t>(std::int64_t{line.Cols()} - 1);
+    begin_line(state);
     for (std::int32_t col = 0; col <= last; ++col) {
         line.SetTextMatrix(1, col, "");
     }
@@ -69,7 +84,26 @@ bool field_differs(const ControlState& state) {
 }
 
 bool has_pending_edit(const ControlState& state) {
-    return state.parts.btnOK.Visible() || (state.edit.FieldHasFocus && field_differs(state));
+    return state.parts.btnOK.Visible() || state.edit.offering ||
+           (state.edit.FieldHasFocus && field_differs(state));
+}
+
+void add_automatically(const ControlState& state) {
+    const platform::LifeWatch watch(state.life);
+    editing::Commands& commands = *state.commands;
+    platform::Application& application = state.host.application;
+    commands.Add();
+    if (watch.ended()) {
+        return;
+    }
+    application.Yield();
+    if (!watch.ended()) {
+        commands.Add();
+    }
+}
+
+bool is_blank(std::string_view text) {
+    return text.find_first_not_of(' ') == std::string_view::npos;
 }
 
 bool give_focus_away(const ControlState& state) {

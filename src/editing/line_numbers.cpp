@@ -46,6 +46,12 @@ bool has_line_numbers(const ControlState& state) {
     return state.LineNumberColumn >= 0;
 }
 
+void require_line_number_column(const ControlState& state) {
+    if (has_line_numbers(state)) {
+        state.parts.Grid.TextMatrix(0, state.LineNumberColumn);
+    }
+}
+
 std::string next_line_number(const ControlState& state) {
     const double last = number_in(state, state.parts.Grid.Rows() - 1);
     return std::string(NumberText(state.host.formatter).of(last + 1));

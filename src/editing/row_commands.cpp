@@ -8,6 +8,7 @@
 #include "editing/input_line.h"
 #include "editing/line_numbers.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace krv::editing {
@@ -41,12 +42,14 @@ void RowCommands::Add() {
     if (watch.ended() || state_.edit.refusals != refusals || !leave_current_row()) {
         return;
     }
+    const std::string number = number_for_new_row();
     empty_input_line(state_);
-    write_next_line_number();
+    write_line_number(number);
     show_input_line(state_);
     state_.edit.EditRow = -1;
     state_.edit.Adding = true;
-    hide_row_buttons();
+    state_.edit.Inserting = false;
+    hide_copy_and_delete();
     buttons_.EvidenziaFunzione(number_of(Function::add));
     bool adding = true;
     state_.events.raise(&KarvoListEvents::LineEditStart, adding);
@@ -84,17 +87,19 @@ void RowCommands::Insert() {
                                        MessageButtons::ok);
         return;
     }
+    // The inserted row takes the number of the row before which it goes.
+    std::string number;
+    if (has_line_numbers(state_)) {
+        number = list.TextMatrix(list.Row(), state_.LineNumberColumn);
+    }
     state_.edit.EditRow = list.Row() - 1;
     commit_.close(); // its cell is emptied: the text belongs to no row any more
     empty_input_line(state_);
-    if (has_line_numbers(state_)) {
-        const std::int32_t col = state_.LineNumberColumn;
-        const std::string number(list.TextMatrix(state_.edit.EditRow + 1, col));
-        state_.parts.GridIn.SetTextMatrix(1, col, number);
-    }
+    write_line_number(number);
     show_input_line(state_);
     state_.edit.Inserting = true;
-    hide_row_buttons();
+    state_.edit.Adding = false;
+    hide_copy_and_delete();
     buttons_.EvidenziaFunzione(number_of(Function::insert));
     open_first_field();
 }
@@ -107,15 +112,20 @@ void RowCommands::Copy() {
     const platform::LifeWatch watch(state_.life);
     bool cancel = false;
     state_.events.raise(&KarvoListEvents::CopyClick, cancel);
-    if (watch.ended() || cancel || !copy_row_into_line()) {
+    if (watch.ended() || cancel) {
+        return;
+    }
+    const std::string number = number_for_new_row();
+    if (!copy_row_into_line()) {
         return;
     }
     commit_.close(); // another row's text lies under it now
     state_.parts.Grid.SetRowSel(0);
-    write_next_line_number();
+    write_line_number(number);
     show_input_line(state_);
     state_.edit.EditRow = -1;
     state_.edit.Adding = true;
+    state_.edit.Inserting = false;
     buttons_.EvidenziaFunzione(number_of(Function::copy));
     open_first_field();
 }
@@ -127,12 +137,15 @@ bool RowCommands::copy_row_into_line() {
     platform::Grid& list = state_.parts.Grid;
     platform::Grid& line = state_.parts.GridIn;
     state_.edit.pending_before_copy = has_pending_edit(state_);
+    const std::uint32_t lines_before = state_.edit.lines;
+    begin_line(state_);
     std::vector<std::string> texts_before;
     for (std::int32_t col = 0; col < list.Cols(); ++col) {
         texts_before.emplace_back(line.TextMatrix(1, col));
         line.SetTextMatrix(1, col, list.TextMatrix(list.Row(), col));
     }
     const auto put_back = [&] {
+        state_.edit.lines = lines_before; // the same row as before
         const auto cols = static_cast<std::int32_t>(texts_before.size());
         for (std::int32_t col = 0; col < cols && col < line.Cols(); ++col) {
             line.SetTextMatrix(1, col, texts_before[static_cast<std::size_t>(col)]);
@@ -182,10 +195,16 @@ void RowCommands::Delete() {
     if (watch.ended() || answer == MessageAnswer::no || parts.Grid.Row() == 0) {
         return;
     }
+    // Without a row in the input line, or with another one (chosen while the buttons were disabled),
+    // the removed row counts when it is above.
+    const std::int32_t removed = parts.Grid.Row() - 1;
+    const std::int32_t row =
+        state_.edit.EditRow == -1 ? removed : std::min(state_.edit.EditRow, removed);
+    if (row < parts.Grid.Rows() - 2) {
+        require_line_number_column(state_); // before anything is removed
+    }
     commit_.close(); // its row goes away
-    // Without a row in the input line (chosen while the buttons were disabled) the removed one
-    // counts.
-    const std::int32_t row = state_.edit.EditRow == -1 ? parts.Grid.Row() - 1 : state_.edit.EditRow;
+    begin_line(state_);
     remove_row();
     if (watch.ended()) {
         return;
@@ -225,21 +244,26 @@ void RowCommands::remove_row() {
 
 // --- What they share -----------------------------------------------------------------------------
 
-void RowCommands::write_next_line_number() const {
+/// Found before anything is emptied, because the column may not be there.
+std::string RowCommands::number_for_new_row() const {
+    return has_line_numbers(state_) ? next_line_number(state_) : std::string();
+}
+
+void RowCommands::write_line_number(const std::string& number) const {
     if (has_line_numbers(state_)) {
-        state_.parts.GridIn.SetTextMatrix(1, state_.LineNumberColumn, next_line_number(state_));
+        state_.parts.GridIn.SetTextMatrix(1, state_.LineNumberColumn, number);
     }
 }
 
 /// Neither applies to a row that does not exist yet.
-void RowCommands::hide_row_buttons() const {
+void RowCommands::hide_copy_and_delete() const {
     state_.parts.btnCopy.SetVisible(false);
     state_.parts.btnDelete.SetVisible(false);
 }
 
 void RowCommands::open_first_field() {
     const platform::LifeWatch watch(state_.life);
-    const bool stands = editor_.place_at(0, Search::forward);
+    const bool stands = editor_.place(0, Search::forward);
     if (!stands && !watch.ended() && state_.parts.GridIn.Visible()) {
         state_.host.application.MsgBox("non ci sono colonne editabili", MessageButtons::ok);
     }

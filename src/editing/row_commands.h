@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace krv {
 
 struct ControlState;
@@ -31,8 +33,9 @@ public:
 private:
     bool leave_current_row();
     bool copy_row_into_line();
-    void write_next_line_number() const;
-    void hide_row_buttons() const;
+    std::string number_for_new_row() const;
+    void write_line_number(const std::string& number) const;
+    void hide_copy_and_delete() const;
     void open_first_field();
     void remove_row();
 

@@ -8,21 +8,17 @@
 #include "editing/line_numbers.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace krv::editing {
-
-namespace {
-
-bool is_blank(std::string_view text) {
-    return text.find_first_not_of(' ') == std::string_view::npos;
-}
-
-} // namespace
 
 void RowCommit::Confirm() {
     const platform::LifeWatch watch(state_.life);
     const Constituents& parts = state_.parts;
     const std::uint32_t refusals = state_.edit.refusals;
+    if (state_.edit.offering) {
+        return; // the field's text is still on its way into the row
+    }
     parts.InpFld.SetVisible(false);
     state_.host.application.Yield(); // the open field is committed, and may modify the row
     if (watch.ended() || state_.edit.refusals != refusals || !parts.btnOK.Visible()) {
@@ -58,7 +54,7 @@ void RowCommit::give_focus_after_refusal() {
     if (give_focus_away(state_) || watch.ended()) {
         return;
     }
-    if (editor_.place_at(state_.edit.ColInEdit, Search::forward) || watch.ended()) {
+    if (editor_.place(state_.edit.ColInEdit, Search::forward) || watch.ended()) {
         return;
     }
     try {
@@ -77,7 +73,7 @@ bool RowCommit::lacks_necessary_value() {
             const platform::LifeWatch watch(state_.life);
             state_.host.application.MsgBox("il campo è necessario", platform::MessageButtons::ok);
             if (!watch.ended()) {
-                editor_.place_at(col, Search::none);
+                editor_.place(col, Search::none);
             }
             return true;
         }
@@ -86,6 +82,9 @@ bool RowCommit::lacks_necessary_value() {
 }
 
 void RowCommit::store() {
+    if (!state_.edit.Adding && state_.edit.Inserting) {
+        require_line_number_column(state_); // before anything is stored
+    }
     state_.edit.Modified = true;
     if (state_.edit.Adding) {
         state_.parts.Grid.AddItem(row_text());
@@ -118,6 +117,7 @@ void RowCommit::insert() {
     const std::int32_t last = list.Rows() - 1;
     const std::int32_t before = state_.edit.EditRow;
     const std::int32_t row = before < 0 || before > last ? last : before;
+    state_.edit.EditRow = row;
     list.AddItem(row_text(), row + 1);
     renumber_from(state_, row);
 }
@@ -140,10 +140,11 @@ void RowCommit::close_row() {
     EditState& edit = state_.edit;
     parts.btnOK.SetVisible(false);
     buttons_.EvidenziaFunzione(0);
+    const std::uint32_t lines = edit.lines;
     std::int32_t row = edit.EditRow;
     state_.events.raise(&KarvoListEvents::AfterRowUpdated, row);
-    if (watch.ended()) {
-        return;
+    if (watch.ended() || (edit.lines != lines && parts.GridIn.Visible())) {
+        return; // the host has opened another row: it stays open
     }
     edit.Adding = false;
     edit.Inserting = false;
@@ -154,25 +155,12 @@ void RowCommit::close_row() {
         parts.btnInsert.SetVisible(true);
     }
     parts.GridIn.SetVisible(false);
+    begin_line(state_);
     if (edit.ColInEdit < parts.GridIn.Cols()) {
         parts.InpFld.SetText(parts.GridIn.TextMatrix(1, edit.ColInEdit));
     }
     if (!watch.ended() && state_.AutoAdd) {
-        add_automatically();
-    }
-}
-
-/// Deliberate: the command runs twice with a turn between; hosts see its events twice, and the
-/// second opening is the one that stays.
-void RowCommit::add_automatically() {
-    const platform::LifeWatch watch(state_.life);
-    state_.commands->Add();
-    if (watch.ended()) {
-        return;
-    }
-    state_.host.application.Yield();
-    if (!watch.ended()) {
-        state_.commands->Add();
+        add_automatically(state_);
     }
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 
 namespace krv {
@@ -32,7 +30,6 @@ private:
     void insert();
     void overwrite();
     void close_row();
-    void add_automatically();
 
     ControlState& state_;
     FunctionButtons& buttons_;

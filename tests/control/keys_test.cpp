@@ -40,8 +40,6 @@ struct KeysTest : ::testing::Test, editing::Commands, KarvoListEvents {
 
     void Confirm() override { told.push_back("Confirm"); }
 
-    void CommitField() override { told.push_back("CommitField"); }
-
     void CloseField() override { told.push_back("CloseField"); }
 
     void RowChanged() override { told.push_back("RowChanged"); }

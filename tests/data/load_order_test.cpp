@@ -40,8 +40,6 @@ public:
 
     void Confirm() override { note("Confirm"); }
 
-    void CommitField() override { note("CommitField"); }
-
     void CloseField() override { note("CloseField"); }
 
     void RowChanged() override { note("RowChanged"); }

@@ -89,6 +89,19 @@ protected:
     /// A person leaves the control for another field of the form.
     void focus_outside() { form_.person().focus(form_.outside()); }
 
+    // A person, where the focus is.
+
+    void type(std::string_view text) { form_.person().text(text); }
+
+    void key(std::int16_t code, std::int16_t shift = 0) { form_.person().key(code, shift); }
+
+    void double_click(std::string_view part) { form_.person().double_click(*surface_->part(part)); }
+
+    void turn() { form_.turn(); }
+
+    /// The next box is answered so; later ones as by closing them.
+    void answer_next(platform::MessageAnswer answer) { form_.application().answer_next(answer); }
+
     /// Runs in the next turn of the message loop.
     void post(std::function<void()> act) { form_.queue().post(life_, std::move(act)); }
 

@@ -6,6 +6,8 @@
 #include "krv/platform/grid.h"
 #include "krv/platform/host.h"
 
+#include <array>
+
 namespace krv {
 
 // The control raises a smaller size to this one, in twips.
@@ -27,6 +29,11 @@ struct Constituents {
     platform::Button& btnCopy;
     platform::Button& btnOK;
     platform::Line& Line1; ///< the highlight line at the control's bottom edge
+
+    /// Add, Insert, Delete, Copy, OK: the order in which settings reach them.
+    std::array<platform::Button*, 5> buttons() const {
+        return {&btnAdd, &btnInsert, &btnDelete, &btnCopy, &btnOK};
+    }
 };
 
 /// What a control needs besides its parts. All of it outlives the control.

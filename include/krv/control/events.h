@@ -13,7 +13,9 @@ namespace krv {
 /// shift states 1 Shift, 2 Ctrl, 4 Alt, added together; texts are UTF-8.
 ///
 /// A listener may call the control again, subscribe and unsubscribe anybody, or destroy the control.
-/// What it throws ends the routine that raised the event; later listeners are not told.
+/// What it throws ends the routine that raised the event and comes out of the call or the turn of the
+/// message loop that it ran in; later listeners are not told. The text of a field and the texts of an
+/// open row are kept then.
 class KarvoListEvents {
 public:
     /// A key went down that the control has no use for. `Col` is the column being edited, else -1.
@@ -42,7 +44,8 @@ public:
                                 float& /*y*/,
                                 std::int32_t /*Col*/) {}
 
-    /// A double click on the input line or in the editor.
+    /// A double click on the input line or in the editor. `Value` is the editor's text, empty without
+    /// an open field; what the host leaves in it is typed into the field, which is not stored yet.
     virtual void InputLineDblClick(std::int32_t /*Col*/, std::string& /*Value*/) {}
 
     /// A press in the editor, just after `InputLineClick`.
@@ -52,13 +55,15 @@ public:
                                  float& /*y*/,
                                  std::int32_t /*Col*/) {}
 
-    /// The editor's text changed.
+    /// The editor's text changed, by a person or by the control; a changed `Value` replaces it.
     virtual void InputFieldChange(std::int32_t /*Col*/, std::string& /*Value*/) {}
 
-    /// A row was deleted; rows below have moved up.
+    /// A row was deleted; rows below have moved up. `DeletedRow` is the list's current row afterwards
+    /// as the grid numbers it: 0 for none, 1 for public row 0.
     virtual void AfterRowDelete(std::int32_t /*DeletedRow*/) {}
 
-    /// A confirmed row was written into the list.
+    /// A row was confirmed: written into the list, or handled by the host. `UpdatedRow` is its public
+    /// number, -1 for one that was appended. A host that opens another row in here keeps it open.
     virtual void AfterRowUpdated(std::int32_t /*UpdatedRow*/) {}
 
     /// The Add command starts.
@@ -70,12 +75,14 @@ public:
     /// The Delete command starts.
     virtual void DeleteClick(bool& /*Cancel*/) {}
 
-    /// The editor leaves a field: `Value` goes into the input line unless the host cancels.
+    /// The editor leaves a field whose text is not that of its cell: `Value` goes into the input line
+    /// unless the host cancels, which brings the editor back with the cell's text. An error of the host
+    /// leaves the field open with what was typed. A row cannot be confirmed from in here.
     virtual void
     BeforeFieldUpdate(std::int32_t /*ColInEdit*/, std::string& /*Value*/, bool& /*Cancel*/) {}
 
     /// The confirm command is about to write the row into the list; with `ExternalHandling` the host
-    /// does it instead.
+    /// does it instead. `RowInEdit` is its public number, -1 for one that is appended.
     virtual void BeforeRowUpdate(std::int32_t /*RowInEdit*/,
                                  std::int32_t /*ColInEdit*/,
                                  bool& /*Cancel*/,
@@ -87,7 +94,8 @@ public:
     /// The confirm command starts.
     virtual void OKClick(bool& /*Cancel*/) {}
 
-    /// The list moved to another row.
+    /// The list moved to another row, which is open in the input line now. A changed `Row` has no
+    /// effect.
     virtual void RowSelect(std::int32_t& /*Row*/) {}
 
 protected:

@@ -133,6 +133,8 @@ public:
 
     /// Current public row, -1 while the caption row is current. Source: `Grid.Row` - 1.
     std::int32_t Row() const;
+    /// Opens the row in the input line, after asking about a pending edit: the row stays where it was
+    /// when the user keeps the edit. Raises `RowSelect`, then `LineEditStart`.
     /// \throws RuntimeError 30009 from the grid outside -1 to Rows() - 1, 6 for the largest 32-bit
     ///         value
     void SetRow(std::int32_t row);
@@ -282,7 +284,7 @@ public:
     /// \throws RuntimeError 380 for a negative size or one above 2160: nothing changed
     void SetFont(float FontSize);
 
-    /// Handles a key as if it went down on the control.
+    /// Handles a key as if it went down on the control: a command, a move in the list, else `KeyDown`.
     void SendKeys(std::int16_t KeyCode, std::int16_t Shift);
 
     // --- Record source -------------------------------------------------------------------------
@@ -338,24 +340,39 @@ public:
     // --- Row commands --------------------------------------------------------------------------
 
     // The result is False whatever the command did: hosts learn the outcome from the events and the
-    // state properties.
+    // state properties. Each gives the message loop turns, may ask the user, and raises its event
+    // first, which may cancel it. Errors of handlers come out.
 
-    /// Runs the Add command while `btnAdd` is visible.
+    /// While `btnAdd` is visible: opens an empty new row that will be appended; asks about a pending
+    /// edit of another row first.
+    /// \throws RuntimeError 381 without the column of the line numbers, 6 for more than 32,768
+    ///         columns; no row is opened
     bool Add();
-    /// Runs the Insert command while `btnInsert` is visible.
+    /// While `btnInsert` is visible: opens an empty new row that will go before the current one.
+    /// \throws RuntimeError as `Add`
     bool Insert();
-    /// Runs the Delete command, the button shown or not.
+    /// Asks, then removes the current row from the list and numbers the rows below anew.
+    /// \throws RuntimeError 381 without the column of the line numbers; the row stays
     bool Delete();
-    /// Runs the Copy command, the button shown or not.
+    /// Opens a new row with the current row's texts that will be appended; asks about a pending edit
+    /// first.
+    /// \throws RuntimeError 381 without the column of the line numbers; no row is opened
     bool Copy();
-    /// Runs the confirm command, the button shown or not.
+    /// Confirms the open row into the list; does nothing while `btnOK` is hidden. A refused field or
+    /// row, or a necessary column without a value, leaves the row open.
+    /// \throws RuntimeError 381 when a row is inserted without the column of the line numbers, 30006
+    ///         from a grid that lacks memory; the row stays open
     bool OK();
 
-    /// Acts as a click on a public row. `Button` and `Shift` come back as the listeners of
-    /// `ListClick` left them.
+    /// Acts as a click on a public row, which is scrolled into view and made current; ends there when
+    /// the user keeps a pending edit. `Button` and `Shift` come back as the listeners of `ListClick`
+    /// left them.
+    /// \throws RuntimeError 30009 from the grid without such a row, 6 for the largest 32-bit value
     void RowClick(std::int32_t Row, std::int16_t& Button, std::int16_t& Shift);
 
-    /// Puts the field editor on a column of the input line. \return whether it stands there
+    /// Puts the field editor on a column of the input line, after committing the open field.
+    /// \return whether it stands there; False without an open row, for a column that is hidden, not
+    ///         editable or not there, and when the host refuses the open field
     bool SetInput(std::int32_t Col);
 
     // --- Events --------------------------------------------------------------------------------
