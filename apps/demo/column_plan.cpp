@@ -84,12 +84,14 @@ plan_column(std::string_view caption, std::string_view field, std::int16_t code,
     const std::int32_t letters = text_width(caption);
     const platform::Twips width =
         std::max(width_of_characters(look.characters), width_of_characters(std::min(letters, 20)));
-    return {std::string(caption),
-            std::string(field),
-            code,
-            std::move(look.format),
-            look.alignment,
-            width};
+    ColumnPlan plan;
+    plan.caption = caption;
+    plan.field = field;
+    plan.type = code;
+    plan.format = std::move(look.format);
+    plan.alignment = look.alignment;
+    plan.width = width;
+    return plan;
 }
 
 } // namespace
@@ -110,16 +112,24 @@ std::vector<ColumnPlan> plan_columns(const platform::Fields& fields) {
 
 std::vector<ColumnPlan> sample_columns() {
     const auto money = [] { return Look{"#,##0.00", krvright, 8}; };
-    return {plan_column("Numero", "Numero", 3, {"", krvright, 6}),
-            plan_column("Data", "Data", type::db_date, look_of(type::db_date, 0)),
-            plan_column("Cliente", "Cliente", 202, {"", krvleft, 23}),
-            plan_column("Articolo", "Articolo", 202, {"", krvleft, 30}),
-            plan_column("Quantità", "Quantità", 3, {"#,##0", krvright, 8}),
-            plan_column("Prezzo €", "Prezzo", type::currency, money()),
-            plan_column("Sconto %", "Sconto", type::numeric, {"0.0", krvright, 7}),
-            plan_column("Totale €", "Totale", type::currency, money()),
-            plan_column("Spedito", "Spedito", type::boolean, look_of(type::boolean, 0)),
-            plan_column("Note", "Note", 203, {"", krvleft, 20})};
+    std::vector<ColumnPlan> columns = {
+        plan_column("Numero", "Numero", 3, {"", krvright, 6}),
+        plan_column("Data", "Data", type::db_date, look_of(type::db_date, 0)),
+        plan_column("Cliente", "Cliente", 202, {"", krvleft, 23}),
+        plan_column("Articolo", "Articolo", 202, {"", krvleft, 30}),
+        plan_column("Quantità", "Quantità", 3, {"#,##0", krvright, 8}),
+        plan_column("Prezzo €", "Prezzo", type::currency, money()),
+        plan_column("Sconto %", "Sconto", type::numeric, {"0.0", krvright, 7}),
+        plan_column("Totale €", "Totale", type::currency, money()),
+        plan_column("Spedito", "Spedito", type::boolean, look_of(type::boolean, 0)),
+        plan_column("Note", "Note", 203, {"", krvleft, 20})};
+    columns.front().is_key = true;
+    columns.front().is_given = true;
+    for (ColumnPlan& column : columns) {
+        column.is_necessary = !column.is_given && column.field != "Sconto" &&
+                              column.field != "Spedito" && column.field != "Note";
+    }
+    return columns;
 }
 
 void set_up_columns(KarvoList& list, const std::vector<ColumnPlan>& columns) {
@@ -132,6 +142,9 @@ void set_up_columns(KarvoList& list, const std::vector<ColumnPlan>& columns) {
         list.SetColFormat(col, plan.format);
         list.SetColAlignment(col, plan.alignment);
         list.SetColWidth(col, plan.width);
+        list.SetColEditable(col, !plan.is_given);
+        list.SetColIsKey(col, plan.is_key ? krvRec1 : krvListRecord);
+        list.SetColIsNecessary(col, plan.is_necessary);
     }
 }
 

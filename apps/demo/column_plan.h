@@ -17,6 +17,9 @@ struct ColumnPlan {
     std::string format;
     std::int32_t alignment = 0;
     platform::Twips width = 0;
+    bool is_key = false;       ///< finds the record
+    bool is_given = false;     ///< the database gives the value, so that nobody types it
+    bool is_necessary = false; ///< a row needs a value
 };
 
 /// A column for each field that a list can show: bytes are left out.

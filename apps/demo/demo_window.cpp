@@ -25,7 +25,8 @@ QString text_of(const std::string& utf8) {
 } // namespace
 
 DemoWindow::DemoWindow(const Source& source)
-    : widget_(new qt::KarvoListWidget(source.data_access, source.formatter)) {
+    : widget_(new qt::KarvoListWidget(source.data_access, source.formatter))
+    , data_access_(source.data_access) {
     auto* const middle = new QWidget(this);
     auto* const layout = new QVBoxLayout(middle);
     layout->setContentsMargins(margin_px, margin_px, margin_px, 0);
@@ -48,10 +49,32 @@ DemoWindow::DemoWindow(const Source& source)
     }
     list.SetRecordsource(source.records);
     list.SetReadOnlyRecordset(true);
+    list.SetAutoAdd(false);
+    list.SetAutoStartInputOnClick(true);
+    if (!source.table.empty()) {
+        writer_ = std::make_unique<companions::RecordWriter>(
+            list,
+            *data_access_,
+            widget_->application(),
+            companions::RecordWriterSettings{.table = source.table, .connect = source.connect});
+    }
+    for (const auto event :
+         {&qt::KarvoListWidget::AfterRowUpdated, &qt::KarvoListWidget::AfterRowDelete}) {
+        connect(widget_, event, this, &DemoWindow::show_count);
+    }
+    connect(widget_, &qt::KarvoListWidget::propertyChanged, this, [this](const QString& name) {
+        if (name == "Rows") { // a row that could not be deleted comes back
+            show_count();
+        }
+    });
 }
 
 void DemoWindow::load() {
     widget_->list().Refresh();
+    show_count();
+}
+
+void DemoWindow::show_count() {
     const QLocale italian(QLocale::Italian, QLocale::Italy);
     statusBar()->showMessage(QString("%1 righe").arg(italian.toString(widget_->list().Rows())));
 }

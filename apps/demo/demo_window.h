@@ -1,6 +1,10 @@
 #pragma once
 
+#include "krv/companions/record_writer.h"
+
 #include <QMainWindow>
+
+#include <memory>
 
 namespace krv::qt {
 
@@ -12,7 +16,8 @@ namespace krv::demo {
 
 struct Source;
 
-/// The list in a window, with a count of its rows at the foot.
+/// The list in a window, with a count of its rows at the foot. It stores the rows that the user
+/// confirms and deletes in the source's table, if it has one.
 class DemoWindow : public QMainWindow {
 public:
     explicit DemoWindow(const Source& source);
@@ -24,7 +29,11 @@ public:
     void load();
 
 private:
+    void show_count();
+
     qt::KarvoListWidget* widget_;
+    std::shared_ptr<platform::DataAccess> data_access_;
+    std::unique_ptr<companions::RecordWriter> writer_; // leaves the list before the widget goes
 };
 
 } // namespace krv::demo

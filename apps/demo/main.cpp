@@ -4,6 +4,7 @@
 #include "options.h"
 #include "source.h"
 #include "text_table.h"
+#include "working_copy.h"
 
 #include "krv/platform/error.h"
 #include "krv/qt/karvo_list_widget.h"
@@ -77,13 +78,21 @@ int run_headless(demo::DemoWindow& window, const demo::Options& options, bool& m
 
 int run(const QApplication& application, const demo::Options& options) {
     bool message_shown = false;
-    demo::DemoWindow window(demo::find_source(options));
+    const bool works_on_copy = options.shows_sample() && options.stores();
+    demo::Source source = demo::find_source(
+        options, works_on_copy ? demo::working_copy(KRV_SAMPLE_DATABASE) : KRV_SAMPLE_DATABASE);
+    if (!options.stores()) {
+        source.table.clear();
+    }
+    demo::DemoWindow window(source);
     if (options.size) {
         window.resize(*options.size);
     }
     if (options.headless()) {
         return run_headless(window, options, message_shown);
     }
+    // Without somewhere to store them, rows are not to be edited.
+    window.widget().list().SetEnabled(!source.table.empty());
     window.show();
     window.load();
     return application.exec();

@@ -33,6 +33,8 @@ private:
     void take_option(const QString& option) {
         if (option == "--help" || option == "-h") {
             options_.help = true;
+        } else if (option == "--read-only") {
+            options_.read_only = true;
         } else if (option == "--screenshot") {
             options_.screenshot = value_of(option);
         } else if (option == "--print") {
@@ -99,6 +101,10 @@ QString usage() {
 Shows a table or query of a database in a list: the orders of the sample shop, or SOURCE (the name
 of a table or view, or a query) of the SQLite database FILE.
 
+Rows that are confirmed or deleted are stored: those of the sample in a copy of its own, those of
+FILE where SOURCE is a table with a primary key.
+
+  --read-only            store nothing
   --screenshot FILE.png  write a picture of the window and end
   --print N              print the captions and the first N rows as text and end
   --size WxH             size of the window in pixels

@@ -17,12 +17,16 @@ struct Options {
     QString screenshot; ///< picture to write; empty for none
     std::optional<std::int32_t> print;
     std::optional<QSize> size;
+    bool read_only = false;
     bool help = false;
 
     bool shows_sample() const { return file.isEmpty(); }
 
     /// Nobody looks at a window and nobody can answer a message box.
     bool headless() const { return print.has_value() || !screenshot.isEmpty(); }
+
+    /// Whether what the user confirms goes into the database.
+    bool stores() const { return !read_only && !headless(); }
 };
 
 /// A command line that makes no sense; the text says why.

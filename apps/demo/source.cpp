@@ -12,6 +12,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace krv::demo {
 
 namespace {
@@ -39,10 +41,8 @@ std::string connection_string(const std::string& database) {
 }
 
 std::vector<ColumnPlan> columns_of(platform::DataAccess& data_access,
-                                   const std::string& connect,
+                                   const std::shared_ptr<platform::Connection>& connection,
                                    const std::string& records) {
-    const std::shared_ptr<platform::Connection> connection = data_access.CreateConnection();
-    connection->Open(connect, "", "", platform::ado::unspecified);
     const std::shared_ptr<platform::Recordset> recordset = data_access.CreateRecordset();
     recordset->Open(records,
                     connection,
@@ -51,7 +51,6 @@ std::vector<ColumnPlan> columns_of(platform::DataAccess& data_access,
                     platform::ado::command_unknown);
     std::vector<ColumnPlan> columns = plan_columns(recordset->Fields());
     recordset->Close();
-    connection->Close();
     if (columns.empty()) {
         throw platform::RuntimeError(
             5, "No field of the source can be shown: " + records, "krvlist-demo");
@@ -59,22 +58,58 @@ std::vector<ColumnPlan> columns_of(platform::DataAccess& data_access,
     return columns;
 }
 
+/// Marks the columns of a table's primary key; one whole number is given by the database.
+/// \return whether there is a key, all of it among the columns
+bool mark_primary_key(platform::Connection& connection,
+                      const std::string& table,
+                      std::vector<ColumnPlan>& columns) {
+    const std::vector<platform::Value> parameters = {platform::Value::text(table)};
+    const auto records =
+        connection.Execute("SELECT name, type FROM pragma_table_info(?) WHERE pk > 0", parameters)
+            .records;
+    std::size_t parts = 0;
+    ColumnPlan* last = nullptr;
+    bool is_whole = true;
+    for (; !records->Eof(); records->MoveNext()) {
+        const std::string_view name = records->Fields().Item(0).Value().as_text();
+        const auto column = std::find_if(
+            columns.begin(), columns.end(), [&](const auto& plan) { return plan.field == name; });
+        if (column == columns.end()) {
+            return false;
+        }
+        ++parts;
+        column->is_key = true;
+        last = &*column;
+        is_whole = records->Fields().Item(1).Value().as_text() == "INTEGER";
+    }
+    if (parts == 1) {
+        last->is_given = is_whole;
+    }
+    return parts > 0;
+}
+
 } // namespace
 
-Source find_source(const Options& options) {
+Source find_source(const Options& options, const std::string& sample) {
     Source source;
     source.data_access = make_data_access();
     standard::RegionalSettings settings;
     if (options.shows_sample()) {
-        source.database = existing_file(KRV_SAMPLE_DATABASE);
+        source.database = existing_file(QString::fromStdString(sample));
         source.records = "Ordini";
+        source.table = source.records;
         source.columns = sample_columns();
         settings = standard::regional_settings("it-IT");
     } else {
         source.database = existing_file(options.file);
         source.records = options.source.toStdString();
-        source.columns =
-            columns_of(*source.data_access, connection_string(source.database), source.records);
+        const auto connection = source.data_access->CreateConnection();
+        connection->Open(connection_string(source.database), "", "", platform::ado::unspecified);
+        source.columns = columns_of(*source.data_access, connection, source.records);
+        source.table = mark_primary_key(*connection, source.records, source.columns)
+                           ? source.records
+                           : std::string();
+        connection->Close();
         settings = standard::system_regional_settings();
     }
     source.connect = connection_string(source.database);

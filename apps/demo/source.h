@@ -18,6 +18,7 @@ struct Source {
     std::string database; ///< path of the file
     std::string connect;  ///< connection string for it, whatever characters the path holds
     std::string records;  ///< table or query
+    std::string table;    ///< that the rows can be stored in; empty for none
     std::string region;   ///< name of the regional settings
     std::vector<ColumnPlan> columns;
     std::shared_ptr<platform::DataAccess> data_access;
@@ -25,7 +26,8 @@ struct Source {
 };
 
 /// Looks into the database for the fields.
+/// \param sample  path of the sample database
 /// \throws RuntimeError when the file or the source cannot be opened, or has nothing to show
-Source find_source(const Options& options);
+Source find_source(const Options& options, const std::string& sample = KRV_SAMPLE_DATABASE);
 
 } // namespace krv::demo

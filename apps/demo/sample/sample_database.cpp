@@ -44,20 +44,29 @@ constexpr std::string_view orders_table = R"sql(
 CREATE TABLE "Ordini" (
     "Numero"          INTEGER PRIMARY KEY,
     "Data"            DATE NOT NULL,
-    "IdCliente"       INTEGER NOT NULL REFERENCES "Clienti",
+    "IdCliente"       INTEGER REFERENCES "Clienti",
     "Cliente"         VARCHAR(60) NOT NULL,
-    "Codice"          VARCHAR(12) NOT NULL REFERENCES "Articoli",
+    "Codice"          VARCHAR(12) REFERENCES "Articoli",
     "Articolo"        VARCHAR(60) NOT NULL,
     "Quantità"        INTEGER NOT NULL,
     "Prezzo"          CURRENCY NOT NULL,
     "Sconto"          DECIMAL(4,1),
     "Totale"          CURRENCY NOT NULL,
     "Peso"            REAL,
-    "Spedito"         BOOLEAN NOT NULL,
+    "Spedito"         BOOLEAN NOT NULL DEFAULT 0,
     "Spedizione"      DATE,
-    "Registrato"      DATETIME NOT NULL,
+    "Registrato"      DATETIME NOT NULL DEFAULT CURRENT_TIMESTAMP,
     "Note"            TEXT
 ))sql";
+
+/// Orders that are typed into a list name their customer and article.
+constexpr std::string_view new_order_trigger = R"sql(
+CREATE TRIGGER "OrdineNuovo" AFTER INSERT ON "Ordini" WHEN new."IdCliente" IS NULL BEGIN
+    UPDATE "Ordini" SET
+        "IdCliente" = (SELECT "IdCliente" FROM "Clienti" WHERE "RagioneSociale" = new."Cliente"),
+        "Codice" = (SELECT "Codice" FROM "Articoli" WHERE "Descrizione" = new."Articolo")
+    WHERE "Numero" = new."Numero";
+END)sql";
 
 constexpr std::string_view open_orders_view = R"sql(
 CREATE VIEW "OrdiniAperti" AS
@@ -167,6 +176,7 @@ void write_orders(Connection& connection) {
     for (std::int32_t i = 0; i < order_count; ++i) {
         write_order(connection, orders.next());
     }
+    connection.Execute(new_order_trigger, {});
     connection.Execute(open_orders_view, {});
 }
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+namespace krv::demo {
+
+/// A copy of a database beside it, for the user to work on. It is kept from one start to the next,
+/// and made anew once the original is younger.
+/// \return its path
+/// \throws RuntimeError 75 when it cannot be made
+std::string working_copy(const std::string& original);
+
+} // namespace krv::demo
