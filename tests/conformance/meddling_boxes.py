@@ -28,6 +28,12 @@ def without_columns(control: krvlist.List) -> None:
     control.Add()
 
 
+def inserting(control: krvlist.List) -> None:
+    control.Row = -1
+    control.InsertVisible = True
+    control.Insert()
+
+
 BOXES: Dict[str, Callable[[krvlist.List], None]] = {
     "dropping_by_the_host": lambda control: (pending(control), control.put("Row", 2)),
     "dropping_by_a_click": lambda control: (pending(control), control.click("Grid", 60, 300)),
@@ -37,7 +43,7 @@ BOXES: Dict[str, Callable[[krvlist.List], None]] = {
     "deleting": lambda control: (pending(control), control.key(118)),
     "a_necessary_value": necessary,
     "no_column": without_columns,
-    "no_row_to_insert_before": lambda control: (control.put("Row", -1), control.put("InsertVisible", True), control.Insert()),
+    "no_row_to_insert_before": inserting,
 }
 
 

@@ -119,7 +119,8 @@ def sent_function_keys_run_their_commands(form: Form) -> None:
         form.server.yield_()
         states.append([form.happened()[0], flags(form), control.Rows, line(form)[0]])
     names = [f"{name}Click(Cancel=false)" for name in ("Add", "Insert", "Copy", "Delete")]
-    states_of = [["Adding Editing", 3, ""], ["Inserting Editing", 3, ""], ["Adding Editing", 3, "a1"], ["Modified", 2, "a1"]]
+    states_of = [["Adding Editing", 3, ""], ["Inserting Editing", 3, ""]]
+    states_of += [["Adding Editing", 3, "a1"], ["Modified", 2, "a1"]]
     form.equal(states, [[name, *state] for name, state in zip(names, states_of)])
 
 
