@@ -145,14 +145,18 @@ def a_line_number_column_beyond_the_last_is_an_error_and_loses_nothing(form: For
 
 
 @scenario
-def a_row_inserted_under_a_bad_line_number_column_is_in_the_list(form: Form) -> None:
+def a_row_inserted_under_a_bad_line_number_column_stays_open(form: Form) -> None:
     control = editable(form)
     open_row(form, 1)
     control.Insert()
     form.server.yield_()
     control.type("new")
     control.LineNumberColumn = 7
-    form.fails(381, control.OK)
+    for _ in range(2):
+        form.fails(381, control.OK)
+        form.equal((control.Rows, line(form), flags(form)), (3, ["new", "", ""], "Inserting InputModified"))
+    control.LineNumberColumn = -1
+    control.OK()
     form.equal([row[0] for row in rows(form)], ["a0", "new", "a1", "a2"])
 
 
@@ -283,6 +287,19 @@ def an_error_while_a_field_is_left_by_a_click_keeps_it(form: Form) -> None:
     form.happened()
     close_field(form)
     form.tells(offer(0, "typed"))
+
+
+@scenario
+def an_error_in_the_double_click_keeps_cell_and_text(form: Form) -> None:
+    control = editable(form)
+    open_field(form, 1)
+    control.type("typed")
+    fail_in(form, "InputLineDblClick")
+    form.fails(1234, lambda: control.double_click("InpFld", 60, 60))
+    heal(form, "InputLineDblClick")
+    form.server.yield_()
+    form.equal((editor(form), line(form)), ((0, "typed"), ["a1", "b1", "c1"]))
+    form.equal((form.focused(), flags(form)), (["InpFld"], "Editing InputModified"))
 
 
 @scenario
