@@ -37,7 +37,15 @@ bool FieldEditor::place(std::int32_t col, Search search) {
     editor.SetMaxLength(state_.columns.ColFieldLength(col));
     editor.SetVisible(true);
     if (!state_.parts.btnAdd.TabStop()) {
-        focus_gained(); // the focus may be there already, and would not be announced again
+        // The focus may be there already, and would not be announced again.
+        try {
+            focus_gained();
+        } catch (...) {
+            if (!watch.ended() && editor.Visible()) {
+                editor.SetFocus(); // the field is open all the same
+            }
+            throw;
+        }
         if (watch.ended() || state_.edit.placements != placements || !editor.Visible()) {
             return false;
         }
@@ -99,12 +107,18 @@ void FieldEditor::focus_gained() {
     const std::uint32_t placements = edit.placements;
     const std::uint32_t focus_gains = ++edit.focus_gains;
     edit.FieldHasFocus = true;
+    const auto open = [&] {
+        editor.SetSelStart(0);
+        editor.SetSelLength(static_cast<std::int32_t>(editor.Text().size())); // clipped to the text
+        edit.Editing = true;
+    };
     if (!std::exchange(edit.keeps_typed_text, false)) {
+        const bool was_visible = editor.Visible();
         try {
             editor.SetText(text_for_editor(state_, edit.ColInEdit));
         } catch (...) {
-            if (!watch.ended()) {
-                edit.Editing = edit.FieldHasFocus; // the field is open all the same
+            if (!watch.ended() && edit.FieldHasFocus) {
+                open();
             }
             throw;
         }
@@ -112,10 +126,12 @@ void FieldEditor::focus_gained() {
             edit.focus_gains != focus_gains) {
             return; // a handler of the change closed the field, or opened another
         }
+        if (was_visible && !editor.Visible()) {
+            commit_.close(); // hidden by a handler before the focus could leave it
+            return;
+        }
     }
-    editor.SetSelStart(0);
-    editor.SetSelLength(static_cast<std::int32_t>(editor.Text().size())); // clipped to the text
-    edit.Editing = true;
+    open();
 }
 
 void FieldEditor::text_changed() {

@@ -24,16 +24,17 @@ void RowCommit::Confirm() {
     if (watch.ended() || state_.edit.refusals != refusals || !parts.btnOK.Visible()) {
         return;
     }
+    const std::uint32_t lines = state_.edit.lines;
     bool cancel = false;
     state_.events.raise(&KarvoListEvents::OKClick, cancel);
-    if (watch.ended() || cancel) {
-        return;
+    if (watch.ended() || cancel || state_.edit.lines != lines) {
+        return; // refused, or the host has another row open now
     }
     std::int32_t row = state_.edit.EditRow;
     std::int32_t col = state_.edit.ColInEdit;
     bool external_handling = false;
     state_.events.raise(&KarvoListEvents::BeforeRowUpdate, row, col, cancel, external_handling);
-    if (watch.ended()) {
+    if (watch.ended() || state_.edit.lines != lines) {
         return;
     }
     if (cancel) {
@@ -154,6 +155,8 @@ void RowCommit::close_row() {
     if (edit.EditRow >= 0 && buttons_.visible(Function::insert)) {
         parts.btnInsert.SetVisible(true);
     }
+    state_.commands->CloseField(); // one that the host opened inside an event
+    parts.InpFld.SetVisible(false);
     parts.GridIn.SetVisible(false);
     begin_line(state_);
     if (edit.ColInEdit < parts.GridIn.Cols()) {
