@@ -69,6 +69,19 @@ DemoWindow::DemoWindow(const Source& source)
     });
 }
 
+void DemoWindow::make_read_only() {
+    KarvoList& list = widget_->list();
+    for (std::int32_t col = 0; col < list.Cols(); ++col) {
+        list.SetColEditable(col, false);
+    }
+    list.SetAddVisible(false);
+    list.SetInsertVisible(false);
+    list.SetDeleteVisible(false);
+    list.SetCopyVisible(false);
+    list.SetOkVisible(false);
+    statusBar()->addPermanentWidget(new QLabel("sola lettura", this));
+}
+
 void DemoWindow::load() {
     widget_->list().Refresh();
     show_count();

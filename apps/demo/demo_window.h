@@ -24,6 +24,9 @@ public:
 
     qt::KarvoListWidget& widget() const noexcept { return *widget_; }
 
+    /// Takes away everything that changes a row, and says so at the foot.
+    void make_read_only();
+
     /// Loads the records and counts them.
     /// \throws RuntimeError for a value that cannot be read or shown
     void load();

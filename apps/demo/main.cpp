@@ -91,8 +91,9 @@ int run(const QApplication& application, const demo::Options& options) {
     if (options.headless()) {
         return run_headless(window, options, message_shown);
     }
-    // Without somewhere to store them, rows are not to be edited.
-    window.widget().list().SetEnabled(!source.table.empty());
+    if (source.table.empty()) {
+        window.make_read_only(); // a row that nobody stores is not to be confirmed
+    }
     window.show();
     window.load();
     return application.exec();

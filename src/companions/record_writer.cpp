@@ -168,6 +168,10 @@ RowTexts RecordWriter::Rooms::written(TableColumns& columns, std::int32_t row) {
 void RecordWriter::Rooms::show_in_input_line(const TableColumns& columns, const RowTexts& texts) {
     const platform::LifeWatch watch(*attachment_);
     for (std::size_t i = 0; i < columns.size(); ++i) {
+        // The record is written: a value that the database took away holds the row back no more.
+        if (list_->ColIsNecessary(columns[i].col) && is_blank(texts[i])) {
+            continue;
+        }
         if (list_->InputArray(columns[i].col) != texts[i]) {
             list_->SetInputArray(columns[i].col, texts[i]);
             if (watch.ended()) {

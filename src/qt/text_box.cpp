@@ -325,10 +325,14 @@ void QtTextBox::input_method(QInputMethodEvent& event) {
     surface().key_acts([&] {
         std::int16_t code = input_method_key;
         std::int16_t shift = 0;
+        // What waited, or the handler, may have taken the focus elsewhere.
+        if (!surface().has_focus(*this)) {
+            return;
+        }
         if (!event.commitString().isEmpty() && events_ != nullptr) {
             events_->KeyDown(code, shift);
         }
-        if (code != 0 && !surface().closed()) {
+        if (code != 0 && surface().has_focus(*this)) {
             edit([&] { edit_->compose(event); });
         }
     });

@@ -74,7 +74,7 @@ Json next_rows(platform::Recordset& recordset,
                std::int32_t most,
                const platform::Formatter& formatter) {
     Json rows = Json::array();
-    for (std::int32_t i = 0; i < most && !recordset.Eof(); ++i) {
+    for (std::int32_t i = 0; i < most && !is_at_end(recordset); ++i) {
         rows.push_back(row_of(recordset.Fields(), formatter));
         recordset.MoveNext();
     }
@@ -85,7 +85,7 @@ Json read(ServerState& state, const Params& params) {
     const auto recordset = state.objects.recordset(params.text("object"));
     const std::int32_t most = params.long_integer("max");
     Json rows = next_rows(*recordset, most, *state.formatter);
-    return {{"rows", std::move(rows)}, {"EOF", recordset->Eof()}};
+    return {{"rows", std::move(rows)}, {"EOF", is_at_end(*recordset)}};
 }
 
 Json execute(ServerState& state, const Params& params) {

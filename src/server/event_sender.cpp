@@ -6,6 +6,7 @@
 #include "krv/platform/error.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -30,12 +31,13 @@ std::string text_or(const Json& object, std::string_view name, std::string_view 
 std::int32_t number_or(const Json& object, std::string_view name, std::int32_t other) {
     using Limits = std::numeric_limits<std::int32_t>;
     const auto found = object.is_object() ? object.find(name) : object.end();
-    if (found == object.end() || !found->is_number_integer()) {
+    if (found == object.end() || !found->is_number()) {
         return other;
     }
     const auto number = found->get<double>();
     const bool fits = number >= Limits::min() && number <= Limits::max();
-    return fits ? found->get<std::int32_t>() : other;
+    const bool names_an_error = fits && number == std::trunc(number) && number != 0;
+    return names_an_error ? static_cast<std::int32_t>(number) : other;
 }
 
 /// The error that a host's handler raised. Whatever of it is missing is made up.

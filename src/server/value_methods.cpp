@@ -44,7 +44,10 @@ constexpr std::array functions = {
     Function{"Val", val},
     Function{"CInt", [](const ValueFormatter& f, ValueView v) { return number(f.CInt(v)); }},
     Function{"CLng", [](const ValueFormatter& f, ValueView v) { return number(f.CLng(v)); }},
-    Function{"CDbl", [](const ValueFormatter& f, ValueView v) { return number(f.CDbl(v)); }},
+    Function{"CDbl",
+             [](const ValueFormatter& f, ValueView v) {
+                 return number(json_of_data(ValueView::double_float(f.CDbl(v)), f));
+             }},
     Function{"CCur", currency},
     Function{"CDate",
              [](const ValueFormatter& f, ValueView v) {

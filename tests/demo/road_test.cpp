@@ -162,5 +162,19 @@ TEST_F(Road, a_deleted_row_leaves_the_database) {
     EXPECT_EQ(number("SELECT count(*) FROM Ordini WHERE Numero = 1002"), 0);
 }
 
+TEST_F(Road, a_window_that_only_reads_opens_rows_and_lets_nothing_change) {
+    window->make_read_only();
+    open(1);
+    for (const Qt::Key code : {Qt::Key_F5, Qt::Key_F6, Qt::Key_F8, Qt::Key_F7}) {
+        key(code);
+    }
+    type("x");
+    key(Qt::Key_Enter);
+    EXPECT_THAT(messages, IsEmpty());
+    EXPECT_EQ(list().Rows(), 2400);
+    EXPECT_FALSE(list().InputModified());
+    EXPECT_EQ(number("SELECT count(*) FROM Ordini"), 2400);
+}
+
 } // namespace
 } // namespace krv::demo

@@ -26,6 +26,7 @@ TEST(WorkingCopy, keeps_what_was_stored_until_the_original_is_younger) {
     folder.write(std::filesystem::path(copy).filename().string() + "-journal", "stale");
     EXPECT_EQ(read_file(working_copy(original)), "two");
     EXPECT_FALSE(std::filesystem::exists(copy + "-journal"));
+    EXPECT_EQ(read_file(copy + ".old"), "edited");
     EXPECT_EQ(read_file(original), "two");
 }
 

@@ -138,6 +138,18 @@ TEST_F(TextBoxes, an_input_method_is_told_as_its_own_key) {
     EXPECT_EQ(box->Text(), "\xE6\xBC\xA2");
 }
 
+TEST_F(TextBoxes, an_input_method_writes_nothing_into_a_box_that_lost_the_focus) {
+    on_told = [this](const std::string& what) {
+        if (what == "down 229/0") {
+            other->setFocus();
+        }
+    };
+    QInputMethodEvent event(QString(), {});
+    event.setCommitString("x");
+    QApplication::sendEvent(&edit(), &event);
+    EXPECT_EQ(box->Text(), "");
+}
+
 TEST_F(TextBoxes, a_press_and_a_double_click_are_told) {
     QTest::mouseClick(&edit(), Qt::LeftButton, Qt::ShiftModifier);
     QTest::mouseDClick(&edit(), Qt::LeftButton, Qt::ShiftModifier);

@@ -55,6 +55,17 @@ TEST_F(ServerDataTest, state_shows_what_was_asked_for) {
     EXPECT_EQ(state.at("Fields")[1].at("Value"), "Anna");
 }
 
+TEST_F(ServerDataTest, a_closed_recordset_is_at_its_end) {
+    make_control();
+    Json params = open();
+    request("putref",
+            {{"id", "L1"}, {"name", "Recordset"}, {"args", Json::array()}, {"value", params}});
+    request("call", {{"id", "L1"}, {"name", "CloseAll"}, {"args", Json::array()}});
+    EXPECT_EQ(request("data.state", params).at("EOF"), true);
+    params["max"] = 5;
+    EXPECT_EQ(request("data.read", params), Json({{"rows", Json::array()}, {"EOF", true}}));
+}
+
 TEST_F(ServerDataTest, reads_typed_rows_bit_by_bit) {
     Json params = open();
     params["max"] = 1;

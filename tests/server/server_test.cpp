@@ -162,6 +162,8 @@ TEST_F(ServerTest, an_error_of_the_handler_comes_out_of_the_request) {
     EXPECT_EQ(fault({{"data", {{"Number", 1e20}, {"Description", 5}}}}),
               Json({{"Number", 440}, {"Description", "Automation error"}, {"Source", "host"}}));
     EXPECT_EQ(fault("nonsense").at("Number"), 440);
+    EXPECT_EQ(fault({{"data", {{"Number", 7.0}}}}).at("Number"), 7);
+    EXPECT_EQ(fault({{"data", {{"Number", 0}}}}).at("Number"), 440);
     EXPECT_EQ(get("Cols"), 1);
 }
 
