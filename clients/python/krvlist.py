@@ -260,7 +260,7 @@ class Server:
     ) -> Tuple[int, ListOf[ListOf[Any]]]:
         """Carries out a statement with bound parameters: rows affected, and rows given."""
         result = self.request(
-            "data.execute", connect=connect, sql=sql, params=[to_json(value) for value in params]
+            "data.execute", connect=connect, sql=sql, params=_values(params)
         )
         return result["affected"], _rows(result)
 
@@ -347,16 +347,16 @@ class List:
 
     def get(self, name: str, *args: Any) -> Any:
         """Reads a property by name, known to `describe` or not."""
-        return from_json(self.request("get", name=name, args=list(args))["value"])
+        return from_json(self.request("get", name=name, args=_values(args))["value"])
 
     def put(self, name: str, *args_and_value: Any) -> None:
         """Writes a property by name: its indexes, if any, then the value."""
         *args, value = args_and_value
-        self.request("put", name=name, args=args, value=to_json(value))
+        self.request("put", name=name, args=_values(args), value=to_json(value))
 
     def call(self, name: str, *args: Any) -> CallResult:
         """Calls a method by name; `args` of the result are the arguments as it left them."""
-        result = self.request("call", name=name, args=[to_json(value) for value in args])
+        result = self.request("call", name=name, args=_values(args))
         return CallResult(from_json(result["value"]), [from_json(value) for value in result["args"]])
 
     # --- Events ---
@@ -370,9 +370,9 @@ class List:
             raise ValueError(f"the control has no event {event!r}")
 
         def register(handler: EventHandler) -> EventHandler:
-            self._handlers.setdefault(event, []).append(handler)
             if self._heard != "*" and event not in self._heard:
                 self.listen([*self._heard, event])
+            self._handlers.setdefault(event, []).append(handler)
             return handler
 
         return register
@@ -527,6 +527,10 @@ def _event(described: Message) -> Event:
 
 def _indexes(index: Any) -> Tuple[Any, ...]:
     return index if isinstance(index, tuple) else (index,)
+
+
+def _values(values: Iterable[Any]) -> ListOf[Any]:
+    return [to_json(value) for value in values]
 
 
 def _rows(result: Message) -> ListOf[ListOf[Any]]:

@@ -17,13 +17,18 @@ import subprocess
 import threading
 import time
 from collections import deque
-from typing import Any, Callable, Deque, Dict, Mapping, Optional, Sequence
+from typing import Any, Callable, Deque, Dict, Mapping, Optional, Sequence, Set, Tuple
 
 #: One JSON-RPC message.
 Message = Dict[str, Any]
 
 #: Number of an error that a handler raised without naming one.
 UNNUMBERED_ERROR = 440
+
+#: Bytes of the longest line that the server reads, its end not counted.
+LONGEST_LINE = 16 * 1024 * 1024
+
+_INVALID_REQUEST = -32600
 
 # A line longer than what a pipe takes in one go may wait for a reader that never comes.
 _SAFE_LINE_BYTES = 32 * 1024
@@ -128,6 +133,14 @@ def from_json(value: Any) -> Any:
     return value
 
 
+def _line_of(message: Message) -> bytes:
+    """The message as it is sent; ValueError or TypeError when no line can hold it."""
+    line = json.dumps(message, ensure_ascii=False, allow_nan=False).encode("utf-8")
+    if len(line) > LONGEST_LINE:
+        raise ValueError(f"{len(line)} bytes are more than the {LONGEST_LINE} that the server reads")
+    return line + b"\n"
+
+
 def _error_of(answer: Mapping[str, Any]) -> KrvListError:
     data = answer.get("data")
     if isinstance(data, dict) and "Number" in data:
@@ -154,6 +167,8 @@ class Line:
         self.trace: Optional[Callable[[str, Message], None]] = None
         self._serve = serve
         self._last_id = 0
+        self._last_sent: Optional[Message] = None
+        self._abandoned: Set[int] = set()
         self._gone: Optional[ServerGone] = None
         self._incoming: queue.Queue[Message | ValueError | None] = queue.Queue()
         self._log: Deque[str] = deque(maxlen=20)
@@ -182,16 +197,27 @@ class Line:
         self._last_id += 1
         own_id = self._last_id
         message = {"jsonrpc": "2.0", "id": own_id, "method": method, "params": params or {}}
-        self._send(message, method)
-        failure: Optional[Exception] = None
+        try:
+            line = _line_of(message)
+        except ValueError as error:
+            raise ProtocolError(_INVALID_REQUEST, f"'{method}' cannot be sent: {error}") from error
+        self._send(message, line, method)
+        failure: Optional[BaseException] = None
         while True:
-            answer = self._receive(self.timeout, method)
-            if "method" in answer:
-                failure = failure or self._answer(answer)
-            elif answer.get("id") == own_id:
-                break
-            else:
-                raise self._give_up(f"answered what it was not asked during '{method}': {answer}")
+            try:
+                answer = self._receive(self.timeout, method)
+                if answer.get("id") == own_id and "method" not in answer:
+                    break
+                if _has_no_id(answer) and self._last_sent is message:
+                    break  # the server could not read the request
+                failure = _first(failure, self._take(answer, method))
+            except ServerGone:
+                if failure is not None and not isinstance(failure, Exception):
+                    raise failure
+                raise
+            except BaseException:
+                self._abandoned.add(own_id)
+                raise
         if failure is not None:
             raise failure
         if "error" in answer:
@@ -206,7 +232,7 @@ class Line:
                 message = self._incoming.get(timeout=rest)
             except queue.Empty:
                 return
-            failure = self._answer(self._checked(message, "waiting"))
+            failure = self._take(self._checked(message, "waiting"), "waiting")
             if failure is not None:
                 raise failure
 
@@ -233,31 +259,51 @@ class Line:
 
     # --- Messages ---
 
-    def _answer(self, message: Message) -> Optional[Exception]:
+    def _take(self, message: Message, doing: str) -> Optional[BaseException]:
+        """Serves what is not the answer that is waited for; gives what comes out of it."""
+        if "method" in message:
+            return self._answer(message)
+        answered = message.get("id")
+        if isinstance(answered, int) and answered in self._abandoned:
+            self._abandoned.remove(answered)
+            return None
+        last = self._last_sent
+        if not _has_no_id(message) or last is None or "method" in last:
+            raise self._give_up(f"answered what it was not asked during '{doing}': {message}")
+        # The server could not read the handler's answer and waits for another.
+        error = _error_of(message["error"])
+        reply = {"jsonrpc": "2.0", "id": last["id"], "error": _error_answer(UNNUMBERED_ERROR, str(error), "host")}
+        self._send(reply, _line_of(reply), doing)
+        self._last_sent = None
+        return error
+
+    def _answer(self, message: Message) -> Optional[BaseException]:
         """Serves a request or notification; gives what the handler raised, if it is the host's."""
         reply: Message = {"jsonrpc": "2.0", "id": message.get("id")}
-        failure: Optional[Exception] = None
+        failure: Optional[BaseException] = None
         try:
             reply["result"] = self._serve(message["method"], message.get("params") or {})
-        except NotServed as error:
-            reply["error"] = {"code": -32601, "message": str(error)}
-        except HostError as error:
-            reply["error"] = _error_answer(error.number, str(error), error.source)
-        except ServerGone:
-            raise
-        except Exception as error:  # the host's own fault comes out of its request
-            reply["error"] = _error_answer(UNNUMBERED_ERROR, f"{type(error).__name__}: {error}", "host")
-            failure = error
+            line = _line_of(reply)
+        except BaseException as error:  # the host's own fault comes out of its request
+            failure = None if isinstance(error, (NotServed, HostError)) else error
+            if failure is not None and self._gone is not None:
+                raise
+            reply, line, failure = _failed(message.get("id"), error, failure)
         if "id" in message:
-            self._send(reply, message["method"])
+            try:
+                self._send(reply, line, message["method"])
+            except ServerGone:
+                if failure is not None and not isinstance(failure, Exception):
+                    raise failure
+                raise
         return failure
 
-    def _send(self, message: Message, doing: str) -> None:
+    def _send(self, message: Message, line: bytes, doing: str) -> None:
         if self._gone is not None:
             raise ServerGone(str(self._gone))
-        line = (json.dumps(message, ensure_ascii=False) + "\n").encode("utf-8", "surrogatepass")
         if self.trace is not None:
             self.trace("sent", message)
+        self._last_sent = message
         stdin = self._process.stdin
         assert stdin is not None
         guard = threading.Timer(self.timeout, self._process.kill)
@@ -326,3 +372,39 @@ class Line:
 def _error_answer(number: int, description: str, source: str) -> Message:
     data = {"Number": number, "Description": description, "Source": source}
     return {"code": -32000, "message": description, "data": data}
+
+
+def _failed(
+    id: Any, error: BaseException, failure: Optional[BaseException]
+) -> Tuple[Message, bytes, Optional[BaseException]]:
+    """The answer that says what a handler raised, its line, and what comes out of the request."""
+    reply: Message = {"jsonrpc": "2.0", "id": id}
+    try:
+        reply["error"] = _error_answer_to(error)
+        return reply, _line_of(reply), failure
+    except Exception as unwritable:
+        text = f"{type(error).__name__}, whose text cannot be sent"
+        reply["error"] = _error_answer(UNNUMBERED_ERROR, text, "host")
+        return reply, _line_of(reply), failure or unwritable
+
+
+def _error_answer_to(error: BaseException) -> Message:
+    if isinstance(error, NotServed):
+        return {"code": -32601, "message": str(error)}
+    if isinstance(error, HostError):
+        return _error_answer(error.number, str(error), error.source)
+    if isinstance(error, ControlError):
+        return _error_answer(error.number, error.description, error.source)
+    return _error_answer(UNNUMBERED_ERROR, f"{type(error).__name__}: {error}", "host")
+
+
+def _has_no_id(answer: Message) -> bool:
+    """Whether it is the error that answers a line that the server could not read."""
+    return "method" not in answer and "error" in answer and answer.get("id") is None
+
+
+def _first(one: Optional[BaseException], other: Optional[BaseException]) -> Optional[BaseException]:
+    """What comes out when two were raised: the first, but an interrupt before an error."""
+    if one is None or (isinstance(one, Exception) and other is not None and not isinstance(other, Exception)):
+        return other
+    return one

@@ -1,9 +1,12 @@
 """The client's face of a control, with the real server. `KRVLIST_SERVER` names its program."""
 
+import datetime
+import decimal
 import pathlib
 import signal
 import tempfile
 import unittest
+from unittest import mock
 
 import clients  # noqa: F401
 import krvlist
@@ -28,6 +31,27 @@ class Members(WithServer):
         self.list.ColFormat[2] = "dd/mm/yyyy"
         self.list.TextMatrix[0, 1] = "x"
         self.assertEqual((self.list.ColFormat[2], self.list.TextMatrix[0, 1]), ("dd/mm/yyyy", "x"))
+
+    def test_indexes_travel_in_their_own_kinds_like_values(self):
+        sent = []
+        self.server.watch(lambda direction, message: sent.append(message) if direction == "sent" else None)
+        zero, day = decimal.Decimal(0), datetime.date(2024, 3, 5)
+        for use in (
+            lambda: self.list.TextMatrix[zero, day],
+            lambda: self.list.put("TextMatrix", zero, day, "x"),
+            lambda: self.list.call("TextMatrix", zero, day),
+        ):
+            with self.assertRaises(krvlist.ControlError):
+                use()
+            self.assertEqual(sent[-1]["params"]["args"], [{"decimal": "0"}, {"date": "2024-03-05 00:00:00"}])
+
+    def test_what_no_line_can_hold_is_an_error_and_changes_nothing(self):
+        for value in (float("nan"), float("inf"), "\ud800", "x" * 2**24, 10**400):
+            with self.assertRaises(krvlist.ProtocolError):
+                self.list.OKCaption = value
+        with self.assertRaises(krvlist.ProtocolError):
+            self.list.TextMatrix[float("nan"), 0] = "x"
+        self.assertEqual(self.list.OKCaption, "conferma riga")
 
     def test_unknown_names_are_attribute_errors(self):
         for name in ("cols", "NoSuch", "_private"):
@@ -122,6 +146,47 @@ class Events(WithServer):
         with self.assertRaises(ZeroDivisionError):
             self.list.SendKeys(65, 0)
         self.assertEqual(self.list.Cols, 1)
+
+    def test_a_change_that_no_line_can_hold_comes_out_of_the_call(self):
+        for value, kind in (
+            (float("nan"), ValueError),
+            ("\ud800", ValueError),
+            ("x" * 2**24, ValueError),
+            (10**400, krvlist.ProtocolError),
+        ):
+            self.list.on("KeyDown")(lambda: {"KeyCode": value})
+            with self.assertRaises(kind):
+                self.list.SendKeys(65, 0)
+            self.list.off("KeyDown")
+        self.assertEqual(self.list.Cols, 1)
+
+    def test_an_interrupt_in_a_handler_comes_out_of_the_call(self):
+        @self.list.on("KeyDown")
+        def interrupt():
+            raise KeyboardInterrupt
+
+        for _ in range(2):
+            with self.assertRaises(KeyboardInterrupt):
+                self.list.SendKeys(65, 0)
+        self.assertEqual(self.list.Cols, 1)
+
+    def test_an_error_of_the_control_in_a_handler_comes_out_with_its_number(self):
+        self.list.on("KeyDown")(lambda: self.list.ColFormat[99])
+        received = []
+        self.server.watch(lambda direction, message: received.append(message) if "error" in message else None)
+        with self.assertRaises(krvlist.ControlError) as caught:
+            self.list.SendKeys(65, 0)
+        self.assertEqual(caught.exception.number, 9)
+        self.assertEqual([message["error"]["data"]["Number"] for message in received], [9, 9, 9])
+
+    def test_a_handler_of_an_event_that_cannot_be_heard_is_not_registered(self):
+        got = []
+        with mock.patch.object(krvlist.List, "listen", side_effect=krvlist.ProtocolError(-32602, "no")):
+            with self.assertRaises(krvlist.ProtocolError):
+                self.list.on("KeyDown")(lambda: got.append("refused"))
+        self.list.on("KeyDown")(lambda: got.append("heard"))
+        self.list.SendKeys(65, 0)
+        self.assertEqual(got, ["heard"])
 
     def test_requests_nest_in_handlers(self):
         got = []

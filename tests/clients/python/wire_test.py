@@ -2,6 +2,7 @@
 
 import datetime
 import decimal
+import json
 import os
 import pathlib
 import stat
@@ -97,6 +98,78 @@ class Death(Scripted):
             line.request("get")
 
 
+class Refusals(Scripted):
+    """Lines that cannot be written or that the server cannot read."""
+
+    REFUSES_FIRST = """
+read(); write({"id": None, "error": {"code": -32700, "message": "not JSON"}})
+answer(read(), "second")
+"""
+
+    def test_what_no_line_can_hold_is_refused_before_it_is_sent(self):
+        line = self.line("answer(read(), 'well')")
+        recursive = []
+        recursive.append(recursive)
+        too_long = "x" * krvlist_wire.LONGEST_LINE
+        for value in (float("nan"), float("inf"), [-float("inf")], "\ud800", {"\udc00": 1}, recursive, too_long):
+            with self.assertRaises(krvlist.ProtocolError):
+                line.request("put", {"value": value})
+        with self.assertRaises(TypeError):
+            line.request("put", {"value": object()})
+        self.assertEqual(line.request("get"), "well")
+
+    def test_a_line_of_the_greatest_length_is_sent(self):
+        line = self.line("answer(read(), 'well')")
+        rest = len(json.dumps({"jsonrpc": "2.0", "id": 1, "method": "put", "params": {"value": ""}}))
+        self.assertEqual(line.request("put", {"value": "x" * (krvlist_wire.LONGEST_LINE - rest)}), "well")
+
+    def test_an_error_without_an_id_answers_the_request_sent_last(self):
+        line = self.line(self.REFUSES_FIRST)
+        with self.assertRaises(krvlist.ProtocolError) as caught:
+            line.request("put")
+        self.assertEqual(caught.exception.code, -32700)
+        self.assertEqual(line.request("get"), "second")
+
+    def test_an_error_without_an_id_answers_the_answer_sent_last(self):
+        body = """
+request = read()
+write({"id": "s1", "method": "event", "params": {}})
+read(); write({"id": None, "error": {"code": -32700, "message": "not JSON"}})
+answer(request, read()["error"]["data"]["Number"])
+answer(read(), "well")
+"""
+        sent = []
+        line = self.line(body, serve=lambda method, params: {"Value": 1})
+        line.trace = lambda direction, message: sent.append(message) if direction == "sent" else None
+        with self.assertRaisesRegex(krvlist.ProtocolError, "not JSON"):
+            line.request("call")
+        self.assertEqual(sent[2]["id"], "s1")
+        self.assertEqual(sent[2]["error"]["data"]["Number"], 440)
+        self.assertEqual(line.request("get"), "well")
+
+    def test_an_answer_that_is_refused_while_waiting_is_error_440(self):
+        body = """
+write({"id": "s1", "method": "event", "params": {}})
+read(); write({"id": None, "error": {"code": -32700, "message": "not JSON"}})
+number = read()["error"]["data"]["Number"]
+answer(read(), number)
+"""
+        line = self.line(body, serve=lambda method, params: {})
+        with self.assertRaisesRegex(krvlist.ProtocolError, "not JSON"):
+            line.wait(20)
+        self.assertEqual(line.request("get"), 440)
+
+    def test_an_error_without_an_id_to_no_line_is_given_up(self):
+        fail = 'write({"id": None, "error": {"code": -32700, "message": "not JSON"}})'
+        for body in (
+            f"request = read(); write({{'id': 's1', 'method': 'event'}}); read(); {fail}; read(); {fail}",
+            fail,
+        ):
+            line = self.line(body + "; time.sleep(60)", serve=lambda method, params: {})
+            with self.assertRaisesRegex(krvlist.ServerGone, "answered what it was not asked"):
+                line.wait(20) if body == fail else line.request("call")
+
+
 class Serving(Scripted):
     RELAY = """
 request = read()
@@ -110,7 +183,6 @@ answer(request, [nested["method"], reply])
 request = read()
 write({"id": "s1", "method": "event", "params": {}})
 answer(request, read())
-read()
 """
 
     def test_requests_nest_inside_what_the_server_asks(self):
@@ -152,6 +224,99 @@ read()
             line.request("call")
         self.assertEqual(sent[1]["error"]["data"]["Number"], 440)
         self.assertTrue(line.is_open)
+
+    def answered(self, raised=None, given=None):
+        """The error that a handler's exception or answer becomes, and what comes out of the request,
+        after which the line is open."""
+        sent = []
+
+        def serve(method, params):
+            if raised is not None:
+                raise raised
+            return given
+
+        line = self.line(self.ONE_EVENT + "answer(read(), 'well')", serve)
+        line.trace = lambda direction, message: sent.append(message) if direction == "sent" else None
+        try:
+            line.request("call")
+            came_out = None
+        except BaseException as error:
+            came_out = error
+        self.assertEqual(line.request("get"), "well")
+        return sent[1]["error"]["data"], came_out
+
+    def test_an_answer_that_no_line_can_hold_is_error_440(self):
+        too_long = "x" * krvlist_wire.LONGEST_LINE
+        for given, kind in (
+            ({"Value": float("nan")}, ValueError),
+            ({"Value": "\ud800"}, ValueError),
+            ({"Value": too_long}, ValueError),
+            ({"Value": object()}, TypeError),
+        ):
+            answer, came_out = self.answered(given=given)
+            self.assertEqual(answer["Number"], 440)
+            self.assertIsInstance(came_out, kind)
+
+    def test_an_error_whose_text_no_line_can_hold_is_error_440(self):
+        class Mute(Exception):
+            def __str__(self):
+                raise RuntimeError("no words")
+
+        for raised in (krvlist.HostError(7, "\ud800"), KeyError("x" * krvlist_wire.LONGEST_LINE), Mute()):
+            answer, came_out = self.answered(raised)
+            self.assertEqual(answer["Number"], 440)
+            self.assertIsInstance(came_out, Exception)
+
+    def test_an_interrupt_is_answered_before_it_comes_out(self):
+        for raised in (KeyboardInterrupt(), SystemExit(2)):
+            answer, came_out = self.answered(raised)
+            self.assertEqual(answer["Number"], 440)
+            self.assertIs(came_out, raised)
+
+    def test_an_interrupt_comes_out_of_a_server_that_ended_by_it(self):
+        def serve(method, params):
+            raise KeyboardInterrupt
+
+        line = self.line("read(); write({'id': 's1', 'method': 'event'}); sys.exit(0)", serve)
+        with self.assertRaises(KeyboardInterrupt):
+            line.request("call")
+        self.assertFalse(line.is_open)
+
+    def test_an_interrupted_request_of_a_handler_leaves_the_line_in_step(self):
+        body = """
+request = read()
+write({"id": "s1", "method": "event", "params": {}})
+nested = read()
+write({"method": "interrupt"})
+reply = read()
+answer(nested, 1)
+answer(request, reply["id"])
+answer(read(), "well")
+"""
+        def serve(method, params):
+            if method == "event":
+                line.request("inside")
+
+        line = self.line(body, serve)
+
+        def interrupt(direction, message):
+            if message.get("method") == "interrupt":
+                raise KeyboardInterrupt
+
+        line.trace = interrupt
+        with self.assertRaises(KeyboardInterrupt):
+            line.request("call")
+        self.assertEqual(line.request("get"), "well")
+
+    def test_an_error_of_the_control_keeps_its_number_and_source(self):
+        answer, came_out = self.answered(krvlist.ControlError(9, "Subscript out of range", "krvList3"))
+        self.assertEqual(answer, {"Number": 9, "Description": "Subscript out of range", "Source": "krvList3"})
+        self.assertIsInstance(came_out, krvlist.ControlError)
+
+    def test_another_server_that_is_gone_is_error_440(self):
+        answer, came_out = self.answered(krvlist.ServerGone("the other one"))
+        self.assertEqual(answer["Number"], 440)
+        self.assertEqual(str(came_out), "the other one")
 
     def test_what_the_server_asks_by_itself_is_served_while_waiting(self):
         got = []
