@@ -1,4 +1,4 @@
-"""The font size of the parts."""
+"""The font size that every part takes."""
 
 from form import BUTTONS, PARTS, Form, single
 from scenarios import scenario

@@ -121,7 +121,7 @@ class Form:
         return [properties[name] for name in ("Left", "Top", "Width", "Height")]
 
     def focused(self) -> List[str]:
-        """Names of the parts that have the focus."""
+        """Names of whatever has the focus."""
         return [part for part in TAB_STOPS if self.list.part(part)["Focused"]]
 
     # --- The end ---

@@ -168,7 +168,7 @@ public:
 
     const std::string& name() const noexcept { return name_; }
 
-    /// What a host sees of the parts.
+    /// What a host sees of every part.
     std::string state() {
         if (!control_) {
             return "gone";

@@ -149,8 +149,7 @@ std::vector<Member> methods() {
             "RowClick", {row_by_ref, {"Button"}, {"Shift"}}, "acts as a click on a list row"),
         method<&List::SetInput>(
             "SetInput", {col_by_ref}, "puts the editor on a column of the input line"),
-        method<&List::SetFont>(
-            "SetFont", {{"FontSize", true}}, "sets the font size of the parts of the control"),
+        method<&List::SetFont>("SetFont", {{"FontSize", true}}, "sets the font size of every part"),
         method<&List::CloseRecordset>("CloseRecordset", {}, "closes the recordset"),
         method<&List::Svuota>("Svuota", {{"NeverAdd", true, true}}, "empties the list"),
     };
