@@ -170,12 +170,11 @@ QTableWidget& shared_table() {
     return *loaded_table;
 }
 
+/// With new items: one whose row has moved is looked for through the whole table when it is written.
 void renumber(QTableWidget& table) {
     const int rows = table.rowCount();
     for (int row = 0; row < rows; ++row) {
-        if (QTableWidgetItem* const item = table.item(row, 0)) {
-            item->setText(QString::number(row + 1));
-        }
+        table.setItem(row, 0, new QTableWidgetItem(QString::number(row + 1)));
     }
 }
 
@@ -192,7 +191,6 @@ void first_row_inserted_table_widget(benchmark::State& state) {
     QTableWidget& table = shared_table();
     for (auto step : state) {
         table.insertRow(0);
-        table.setItem(0, 0, new QTableWidgetItem(QStringLiteral("1")));
         renumber(table);
         settle();
     }
@@ -219,8 +217,8 @@ BENCHMARK(first_row_deleted)
     ->ReportAggregatesOnly();
 BENCHMARK(first_row_deleted_table_widget)
     ->Unit(benchmark::kMillisecond)
-    ->Iterations(3)
-    ->Repetitions(repetitions)
+    ->Iterations(1)
+    ->Repetitions(3)
     ->ReportAggregatesOnly();
 BENCHMARK(first_row_inserted)
     ->Unit(benchmark::kMillisecond)
@@ -229,8 +227,8 @@ BENCHMARK(first_row_inserted)
     ->ReportAggregatesOnly();
 BENCHMARK(first_row_inserted_table_widget)
     ->Unit(benchmark::kMillisecond)
-    ->Iterations(3)
-    ->Repetitions(repetitions)
+    ->Iterations(1)
+    ->Repetitions(3)
     ->ReportAggregatesOnly();
 
 } // namespace
