@@ -52,9 +52,13 @@ bool FunctionButtons::set_key(Function function, std::int16_t code) {
                                        platform::MessageButtons::ok);
         return false;
     }
+    restore_key(function, code);
+    return true;
+}
+
+void FunctionButtons::restore_key(Function function, std::int16_t code) {
     setting(function).key = code;
     compose_caption(function);
-    return true;
 }
 
 void FunctionButtons::set_caption(Function function, std::string_view caption) {

@@ -32,6 +32,10 @@ public:
     /// instead. \return whether the code was stored
     bool set_key(Function function, std::int16_t code);
 
+    /// As `set_key` for a code that was stored: any code, no message.
+    /// \throws RuntimeError 6 when its number leaves 16 bits; the code is stored by then
+    void restore_key(Function function, std::int16_t code);
+
     const std::string& caption(Function function) const { return setting(function).caption; }
 
     /// Stores the text and composes the button's caption: text, blank, "(F" number ")".

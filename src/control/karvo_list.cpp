@@ -56,6 +56,21 @@ void KarvoList::InitProperties() {
     rooms_->start_listening();
 }
 
+void KarvoList::ReadProperties(platform::PropertyBag& bag) {
+    rooms_->stop_listening();
+    try {
+        persistence::read_properties(rooms_->settings(), bag);
+    } catch (...) {
+        rooms_->start_listening();
+        throw;
+    }
+    rooms_->start_listening();
+}
+
+void KarvoList::WriteProperties(platform::PropertyBag& bag) const {
+    persistence::write_properties(rooms_->settings(), bag);
+}
+
 // --- State ---------------------------------------------------------------------------------------
 
 bool KarvoList::Adding() const {
@@ -266,6 +281,10 @@ void KarvoList::unsubscribe(KarvoListEvents& listener) {
 
 const platform::Formatter& KarvoList::formatter() const noexcept {
     return rooms_->state.host.formatter;
+}
+
+std::weak_ptr<const void> KarvoList::watch() const {
+    return rooms_->state.life.watch();
 }
 
 } // namespace krv

@@ -16,6 +16,7 @@
 #include "editing/field_editor.h"
 #include "editing/row_commands.h"
 #include "editing/row_commit.h"
+#include "persistence/property_bag.h"
 
 #include "krv/control/karvo_list.h"
 
@@ -35,6 +36,10 @@ public:
 
     /// From here on the control reacts to its surface and its parts.
     void start_listening() { listen(Listening::on); }
+
+    void stop_listening() { listen(Listening::off); }
+
+    persistence::Settings settings() { return {state, buttons, source}; }
 
     // --- What the routines call sideways ---------------------------------------------------------
 

@@ -16,14 +16,35 @@ KarvoListWidget::KarvoListWidget(std::shared_ptr<platform::DataAccess> data_acce
                                  QWidget* parent)
     : QWidget(parent)
     , event_signals_(std::make_unique<EventSignals>(*this)) {
+    prepare(std::move(data_access), std::move(formatter));
+    rooms_->list->InitProperties();
+    rooms_->container.resized();
+}
+
+KarvoListWidget::KarvoListWidget(std::shared_ptr<platform::DataAccess> data_access,
+                                 std::shared_ptr<const platform::Formatter> formatter,
+                                 platform::PropertyBag& bag,
+                                 QWidget* parent)
+    : QWidget(parent)
+    , event_signals_(std::make_unique<EventSignals>(*this)) {
+    prepare(std::move(data_access), std::move(formatter));
+    try {
+        rooms_->list->ReadProperties(bag);
+    } catch (...) {
+        Rooms::end(std::move(rooms_));
+        throw;
+    }
+    rooms_->container.resized();
+}
+
+void KarvoListWidget::prepare(std::shared_ptr<platform::DataAccess> data_access,
+                              std::shared_ptr<const platform::Formatter> formatter) {
     setFocusPolicy(Qt::ClickFocus);
     rooms_ = std::make_unique<Rooms>(*this, std::move(data_access), std::move(formatter));
     rooms_->container.set_on_property_changed([this](std::string_view name) {
         emit propertyChanged(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     });
     rooms_->list->subscribe(*event_signals_);
-    rooms_->list->InitProperties();
-    rooms_->container.resized();
 }
 
 KarvoListWidget::~KarvoListWidget() {

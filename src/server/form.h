@@ -1,8 +1,11 @@
 #pragma once
 
+#include "server/form_page.h"
+
 #include "krv/control/karvo_list.h"
 #include "krv/platform/controls.h"
 #include "krv/platform/host.h"
+#include "krv/platform/property_store.h"
 
 #include <cstdint>
 #include <functional>
@@ -76,6 +79,15 @@ public:
     /// A newly placed control of 6000 x 3000 twips, behind the others in tab order. It does not
     /// outlive the form.
     virtual std::unique_ptr<FormControl> new_control(Supplies supplies) = 0;
+
+    /// A stored control, its settings read from the bag; else as `new_control`.
+    /// \throws what reading the settings raises; there is no control then
+    virtual std::unique_ptr<FormControl> load_control(Supplies supplies,
+                                                      platform::PropertyBag& bag) = 0;
+
+    /// The property page in a window of its own, created but not yet told of a selection. It does
+    /// not outlive the form.
+    virtual std::unique_ptr<FormPage> new_page(PageSupplies supplies) = 0;
 
     /// The application: its title, and its message boxes, which `ask` answers.
     virtual platform::Application& application() = 0;

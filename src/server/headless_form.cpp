@@ -1,5 +1,7 @@
 #include "server/headless_form.h"
 
+#include "server/not_yet.h"
+
 #include "krv/headless/headless_form.h"
 
 #include <utility>
@@ -17,7 +19,8 @@ headless::FormPart& form_part(platform::Part& part) {
 
 class HeadlessFormControl final : public FormControl {
 public:
-    HeadlessFormControl(headless::HeadlessForm& form, Supplies supplies)
+    /// \param bag  null for a newly placed control
+    HeadlessFormControl(headless::HeadlessForm& form, Supplies supplies, platform::PropertyBag* bag)
         : form_(form)
         , supplies_(std::move(supplies))
         , surface_(form.add_control())
@@ -25,7 +28,7 @@ public:
                 surface_.constituents(),
                 Surroundings{
                     surface_, form.application(), *supplies_.data_access, *supplies_.formatter}) {
-        list_->InitProperties();
+        start(bag);
         surface_.place();
         surface_.set_on_property_changed([this](std::string_view name) {
             surface_.clear_changed_properties(); // nobody reads them here
@@ -85,6 +88,19 @@ public:
     }
 
 private:
+    void start(platform::PropertyBag* bag) {
+        if (bag == nullptr) {
+            return list_->InitProperties();
+        }
+        try {
+            list_->ReadProperties(*bag);
+        } catch (...) {
+            list_.reset();
+            form_.remove_control(surface_);
+            throw;
+        }
+    }
+
     headless::HeadlessForm& form_;
     Supplies supplies_;
     HeadlessControl& surface_;
@@ -96,8 +112,15 @@ public:
     std::string_view backend() const override { return "headless"; }
 
     std::unique_ptr<FormControl> new_control(Supplies supplies) override {
-        return std::make_unique<HeadlessFormControl>(form_, std::move(supplies));
+        return std::make_unique<HeadlessFormControl>(form_, std::move(supplies), nullptr);
     }
+
+    std::unique_ptr<FormControl> load_control(Supplies supplies,
+                                              platform::PropertyBag& bag) override {
+        return std::make_unique<HeadlessFormControl>(form_, std::move(supplies), &bag);
+    }
+
+    std::unique_ptr<FormPage> new_page(PageSupplies /*supplies*/) override { fail_not_yet(); }
 
     platform::Application& application() override { return form_.application(); }
 

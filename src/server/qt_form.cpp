@@ -4,6 +4,7 @@
 #include "qt/grid_part.h"
 #include "qt/part_handle.h"
 #include "qt/surface.h"
+#include "server/not_yet.h"
 #include "server/qt_host_object.h"
 #include "server/qt_person.h"
 
@@ -68,7 +69,7 @@ class QtServerForm;
 
 class QtFormControl final : public FormControl {
 public:
-    QtFormControl(QtServerForm& form, Supplies supplies);
+    QtFormControl(QtServerForm& form, Supplies supplies, platform::PropertyBag* bag);
     ~QtFormControl() override;
     QtFormControl(const QtFormControl&) = delete;
     QtFormControl& operator=(const QtFormControl&) = delete;
@@ -126,8 +127,15 @@ public:
     std::string_view backend() const override { return "qt"; }
 
     std::unique_ptr<FormControl> new_control(Supplies supplies) override {
-        return std::make_unique<QtFormControl>(*this, std::move(supplies));
+        return std::make_unique<QtFormControl>(*this, std::move(supplies), nullptr);
     }
+
+    std::unique_ptr<FormControl> load_control(Supplies supplies,
+                                              platform::PropertyBag& bag) override {
+        return std::make_unique<QtFormControl>(*this, std::move(supplies), &bag);
+    }
+
+    std::unique_ptr<FormPage> new_page(PageSupplies /*supplies*/) override { fail_not_yet(); }
 
     platform::Application& application() override { return *this; }
 
@@ -207,10 +215,19 @@ private:
     Ask ask_;
 };
 
-QtFormControl::QtFormControl(QtServerForm& form, Supplies supplies)
+std::unique_ptr<qt::KarvoListWidget>
+make_widget(Supplies& supplies, platform::PropertyBag* bag, QWidget& window) {
+    if (bag == nullptr) {
+        return std::make_unique<qt::KarvoListWidget>(
+            std::move(supplies.data_access), std::move(supplies.formatter), &window);
+    }
+    return std::make_unique<qt::KarvoListWidget>(
+        std::move(supplies.data_access), std::move(supplies.formatter), *bag, &window);
+}
+
+QtFormControl::QtFormControl(QtServerForm& form, Supplies supplies, platform::PropertyBag* bag)
     : form_(form)
-    , widget_(std::make_unique<qt::KarvoListWidget>(
-          std::move(supplies.data_access), std::move(supplies.formatter), &form.window())) {
+    , widget_(make_widget(supplies, bag, form.window())) {
     widget_->set_message_handler([&form](std::string_view text, MessageButtons buttons) {
         return form.answer(text, buttons);
     });

@@ -4,6 +4,7 @@
 #include "krv/control/enumerations.h"
 #include "krv/control/events.h"
 #include "krv/platform/data_access.h"
+#include "krv/platform/property_store.h"
 #include "krv/platform/units.h"
 
 #include <cstdint>
@@ -27,7 +28,8 @@ namespace krv {
 class KarvoList {
 public:
     /// Hides the input line, the field editor and every function button but `btnAdd`. Everything
-    /// referred to outlives the control. Call `InitProperties` before the control is used.
+    /// referred to outlives the control. Call `InitProperties` or `ReadProperties` before the control
+    /// is used.
     KarvoList(const Constituents& constituents, const Surroundings& surroundings);
     ~KarvoList();
 
@@ -38,6 +40,21 @@ public:
     /// flags, the application title "Rolda". Notifies nothing. From here on the control reacts to
     /// its parts and its size: the host places it now, and the container's `Resize` lays it out.
     void InitProperties();
+
+    /// Start-up of a stored control, in place of `InitProperties`: reads every setting in its fixed
+    /// order and applies each at once. Notifies nothing, loads nothing, lays nothing out: the host
+    /// places the control now. May be called again, to take over other settings. A key that the bag
+    /// lacks has the bag's default, which is not always that of a new control.
+    /// \throws RuntimeError 13 or 6 for a stored value that does not convert, the key in its text; 6
+    ///         for more than 32,767 columns, before the first one is read; what a grid refuses; what
+    ///         the bag raises. What was read before stays, and the control is usable.
+    void ReadProperties(platform::PropertyBag& bag);
+
+    /// Writes every setting in the same order, from the live state: captions, widths, alignments,
+    /// rows and current row as the list grid has them. Changes and notifies nothing.
+    /// \throws RuntimeError 6 for more than 32,767 columns, before anything is written; what the bag
+    ///         raises
+    void WriteProperties(platform::PropertyBag& bag) const;
 
     // --- Columns -------------------------------------------------------------------------------
 
@@ -385,6 +402,9 @@ public:
 
     /// The formatter that the control was made with.
     const platform::Formatter& formatter() const noexcept;
+
+    /// Expires when the control is destroyed.
+    std::weak_ptr<const void> watch() const;
 
 private:
     class Rooms;

@@ -3,6 +3,7 @@
 #include "krv/control/constituents.h"
 #include "krv/control/karvo_list.h"
 #include "krv/platform/host.h"
+#include "krv/platform/property_store.h"
 #include "krv/qt/error_handler.h"
 #include "krv/qt/message_handler.h"
 
@@ -76,6 +77,12 @@ public:
     /// \param data_access, formatter  kept as long as the widget; not null
     KarvoListWidget(std::shared_ptr<platform::DataAccess> data_access,
                     std::shared_ptr<const platform::Formatter> formatter,
+                    QWidget* parent = nullptr);
+    /// A stored control: its settings are read from the bag. Else as a new one.
+    /// \throws what `KarvoList::ReadProperties` raises; there is no widget then
+    KarvoListWidget(std::shared_ptr<platform::DataAccess> data_access,
+                    std::shared_ptr<const platform::Formatter> formatter,
+                    platform::PropertyBag& bag,
                     QWidget* parent = nullptr);
     ~KarvoListWidget() override;
 
@@ -251,6 +258,9 @@ protected:
 
 private:
     struct Rooms;
+
+    void prepare(std::shared_ptr<platform::DataAccess> data_access,
+                 std::shared_ptr<const platform::Formatter> formatter);
 
     /// Runs something on the list; errors go to the error handler.
     void guard(const std::function<void(KarvoList&)>& act) noexcept;
