@@ -70,6 +70,14 @@ const Json& Params::array(std::string_view name) const {
     return value;
 }
 
+const Json& Params::object(std::string_view name) const {
+    const Json& value = any(name);
+    if (!value.is_object()) {
+        fail_parameter(name, "no object");
+    }
+    return value;
+}
+
 std::int64_t Params::whole(std::string_view name, std::int64_t least, std::int64_t most) const {
     const Json& value = any(name);
     const double number = value.is_number() ? value.get<double>() : 0.5;

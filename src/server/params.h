@@ -27,6 +27,7 @@ public:
     std::int32_t long_integer(std::string_view name) const;
     float single(std::string_view name) const;
     const Json& array(std::string_view name) const;
+    const Json& object(std::string_view name) const;
 
 private:
     std::int64_t whole(std::string_view name, std::int64_t least, std::int64_t most) const;

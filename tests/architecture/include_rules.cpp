@@ -35,7 +35,7 @@ const std::map<std::string, Room, std::less<>>& rooms() {
         {"persistence", {core, {}}},
         {"propertypage", {core, {}}},
         {"companions", {{"platform", "control"}, {}}},
-        {"standard", {core, {}}},
+        {"standard", {core, {"fcntl.h", "sys/stat.h", "unistd.h"}}},
         {"providers/sqlite", {core_and({"standard"}), {"sqlite3.h"}}},
         {"headless", {core_and({"companions", "standard", "providers/sqlite"}), {}}},
         {"qt", {core_and({"companions", "standard", "providers/sqlite"}), {"Q"}}},
