@@ -164,6 +164,24 @@ TEST_F(AdoConnectionTest, a_driver_error_keeps_its_codes_and_loses_the_secrets) 
     }
 }
 
+TEST_F(AdoConnectionTest, an_error_of_a_value_loses_the_secrets_too) {
+    auto other = access.CreateConnection();
+    other->Open("Provider=SQLite;PWD=zq1", "", "", -1);
+    auto records = access.CreateRecordset();
+    records->Open("persone", other, -1, -1, -1);
+    engine.fail_value = true;
+    engine.driver_text = "cannot read with PWD={zq1}";
+    try {
+        records->Fields().Item("id").Value();
+        FAIL();
+    } catch (const DataError& error) {
+        EXPECT_EQ(error.description(), "cannot read with PWD={***}");
+        EXPECT_EQ(error.number(), data_error_number::unspecified);
+        EXPECT_EQ(error.native_code(), 77);
+    }
+    EXPECT_FALSE(records->Eof());
+}
+
 TEST_F(AdoConnectionTest, Execute_hands_parameters_over_and_tells_the_rows_changed) {
     const platform::Value parameters[] = {whole(1), whole(2)};
     const auto result = connection->Execute("UPDATE x", parameters);

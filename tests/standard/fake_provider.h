@@ -20,6 +20,7 @@ struct FakeEngine {
     std::string driver_text = "driver broke";
     int fail_at_row = -1; ///< the step to this row fails; rows count from 0
     bool fail_open = false;
+    bool fail_value = false; ///< every value of a row
     bool fail_source = false;
     bool yields_rows = false; ///< of `execute`
     int open_connections = 0;
@@ -51,6 +52,9 @@ public:
     std::span<const standard::ColumnInfo> columns() const override { return engine_.columns; }
 
     platform::ValueView value(std::size_t column) override {
+        if (engine_.fail_value) {
+            engine_.fail(standard::data_error_number::unspecified);
+        }
         return engine_.rows[static_cast<std::size_t>(row_)][column].view();
     }
 

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <string_view>
 
 namespace krv::providers::sqlite {
 
@@ -15,10 +14,6 @@ namespace krv::providers::sqlite {
 platform::ValueView whole_value(std::int64_t value, std::int16_t type);
 
 platform::ValueView real_value(double value, std::int16_t type);
-
-/// \param text     UTF-8, well-formed; the result may be a view of it
-/// \param storage  may take the result's text
-platform::ValueView text_value(std::string_view text, std::int16_t type, std::string& storage);
 
 /// \param bytes    the result may be a view of them
 /// \param storage  may take the result's text

@@ -2,6 +2,7 @@
 
 #include "providers/sqlite/column_value.h"
 #include "providers/sqlite/declared_type.h"
+#include "standard/ado/field_text.h"
 #include "standard/ado/field_types.h"
 #include "standard/utf8.h"
 
@@ -101,7 +102,7 @@ platform::ValueView Cursor::read(int column, Cell& cell) {
     case SQLITE_FLOAT:
         return real_value(sqlite3_value_double(value), cell.type);
     case SQLITE_TEXT:
-        return text_value(read_text(value, cell.storage), cell.type, cell.storage);
+        return standard::field_value(read_text(value, cell.storage), cell.type, cell.storage);
     case SQLITE_BLOB: {
         const auto* data = static_cast<const std::byte*>(sqlite3_value_blob(value));
         const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));

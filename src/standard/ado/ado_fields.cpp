@@ -1,8 +1,17 @@
 #include "standard/ado/ado_fields.h"
 
+#include "standard/ado/ado_connection.h"
 #include "standard/letter_case.h"
 
 namespace krv::standard {
+
+platform::ValueView AdoField::Value() const {
+    if (row_->cursor == nullptr) {
+        raise(data_error_number::no_current_record, fields_layer);
+    }
+    // A provider may convert a value, or fetch a long one, only when it is asked for.
+    return row_->connection->guarded([this] { return row_->cursor->value(column_); });
+}
 
 void AdoFields::assign(std::span<const ColumnInfo> columns, const CurrentRow& row) {
     clear();

@@ -8,9 +8,13 @@
 
 namespace krv::standard {
 
-/// Where the fields find the current record; null when none is current.
+class AdoConnection;
+
+/// Where the fields find the current record.
 struct CurrentRow {
-    ProviderCursor* cursor = nullptr;
+    ProviderCursor* cursor = nullptr;          ///< null when no record is current
+    const AdoConnection* connection = nullptr; ///< takes its secrets out of errors; never null
+                                               ///< beside a cursor
 };
 
 class AdoField final : public platform::Field {
@@ -26,12 +30,7 @@ public:
 
     std::int32_t DefinedSize() const override { return info_.defined_size; }
 
-    platform::ValueView Value() const override {
-        if (row_->cursor == nullptr) {
-            raise(data_error_number::no_current_record, fields_layer);
-        }
-        return row_->cursor->value(column_);
-    }
+    platform::ValueView Value() const override;
 
 private:
     ColumnInfo info_;

@@ -93,6 +93,7 @@ void AdoRecordset::open_on(std::shared_ptr<AdoConnection> connection,
         connection->detach(*this);
         throw;
     }
+    row_.connection = connection.get();
     connection_ = std::move(connection);
     cursor_ = std::move(cursor);
     stand(has_record ? Position::on_record : Position::at_end);
