@@ -1,6 +1,7 @@
 // Prints docs/reference.md: the interface of the control, from the table that answers by name.
 
 #include "krv/control/automation.h"
+#include "krv/persistence/setting_keys.h"
 
 #include <iostream>
 #include <string>
@@ -80,6 +81,50 @@ void print_enumerations(std::ostream& out) {
     }
 }
 
+std::string type_of(const krv::platform::Value& value) {
+    using krv::platform::ValueKind;
+    switch (value.kind()) {
+    case ValueKind::boolean:
+        return "Boolean";
+    case ValueKind::integer:
+        return "Integer";
+    case ValueKind::text:
+        return "String";
+    default:
+        return "Long";
+    }
+}
+
+std::string text_of(const krv::platform::Value& value) {
+    const krv::platform::ValueView view = value.view();
+    switch (view.kind()) {
+    case krv::platform::ValueKind::boolean:
+        return view.as_boolean() ? "True" : "False";
+    case krv::platform::ValueKind::text:
+        return '"' + std::string(view.as_text()) + '"';
+    default:
+        return std::to_string(view.as_whole());
+    }
+}
+
+void print_settings(std::ostream& out) {
+    out << "\n## Settings in a property bag\n\n"
+           "In the order in which they are read and written. A setting that equals its default "
+           "when "
+           "written is not\nstored; the keys of a column end in its number (`ColWidth0`), and all "
+           "of one column come before the next.\n\n"
+           "| key | type | default | meaning |\n"
+           "|---|---|---|---|\n";
+    for (const krv::persistence::SettingKey& key : krv::persistence::setting_keys()) {
+        const bool column = key.scope == krv::persistence::KeyScope::column;
+        const std::string read = text_of(key.default_read);
+        const std::string written = text_of(key.default_written);
+        out << "| `" << key.name << (column ? "`n" : "`") << " | " << type_of(key.default_read)
+            << " | " << read << (read == written ? "" : "; " + written + " when written") << " | "
+            << key.meaning << " |\n";
+    }
+}
+
 } // namespace
 
 int main() {
@@ -97,5 +142,6 @@ int main() {
     print_methods(std::cout);
     print_events(std::cout);
     print_enumerations(std::cout);
+    print_settings(std::cout);
     return std::cout.good() ? 0 : 1;
 }

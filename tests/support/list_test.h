@@ -42,26 +42,16 @@ protected:
     void SetUp() override { place(data); }
 
     /// Places the control over this data layer, which outlives the test's control.
-    void place(platform::DataAccess& data_access) {
-        surface_ = &form_.add_control();
-        surface_->set_on_property_changed([this](std::string_view name) {
-            changed.emplace_back(name);
-            if (on_changed) {
-                on_changed(changed.back());
-            }
-        });
-        form_.application().set_ask([this](const headless::ShownMessage& message) {
-            if (on_message) {
-                on_message(message.text);
-            }
-            return platform::MessageAnswer::ok;
-        });
-        parts_ = std::make_unique<Constituents>(surface_->constituents());
-        list_ = std::make_unique<KarvoList>(
-            *parts_, Surroundings{*surface_, form_.application(), data_access, formatter_});
-        list_->InitProperties();
-        surface_->place();
-        changed_at_start = changed;
+    void place(platform::DataAccess& data_access) { place(data_access, nullptr); }
+
+    /// Places a stored control in place of the one that is there.
+    /// \throws what reading the bag raises; there is no control then
+    void load(platform::PropertyBag& bag) {
+        if (alive()) {
+            destroy();
+        }
+        changed.clear();
+        place(data, &bag);
     }
 
     KarvoList& list() { return *list_; }
@@ -122,6 +112,41 @@ protected:
     std::function<void(const std::string&)> on_message;
 
 private:
+    void place(platform::DataAccess& data_access, platform::PropertyBag* bag) {
+        surface_ = &form_.add_control();
+        surface_->set_on_property_changed([this](std::string_view name) {
+            changed.emplace_back(name);
+            if (on_changed) {
+                on_changed(changed.back());
+            }
+        });
+        form_.application().set_ask([this](const headless::ShownMessage& message) {
+            if (on_message) {
+                on_message(message.text);
+            }
+            return platform::MessageAnswer::ok;
+        });
+        parts_ = std::make_unique<Constituents>(surface_->constituents());
+        list_ = std::make_unique<KarvoList>(
+            *parts_, Surroundings{*surface_, form_.application(), data_access, formatter_});
+        if (bag == nullptr) {
+            list_->InitProperties();
+        } else {
+            read_settings(*bag);
+        }
+        surface_->place();
+        changed_at_start = changed;
+    }
+
+    void read_settings(platform::PropertyBag& bag) {
+        try {
+            list_->ReadProperties(bag);
+        } catch (...) {
+            destroy();
+            throw;
+        }
+    }
+
     standard::LifeToken life_;
     standard::ValueFormatter formatter_{standard::regional_settings("it-IT")};
     headless::HeadlessForm form_;

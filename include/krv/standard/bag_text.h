@@ -35,7 +35,7 @@ private:
 /// \throws RuntimeError 13 for another kind, or a number that is not finite
 void append_setting(platform::ValueView value, std::string& text);
 
-/// The key as a line begins with it: bare when letters, digits and underscores suffice, else in
+/// The key as a line begins with it: bare when letters, digits, `_`, `.` and `-` suffice, else in
 /// quotes.
 void append_setting_key(std::string_view key, std::string& text);
 

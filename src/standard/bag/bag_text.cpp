@@ -24,7 +24,8 @@ constexpr char32_t last_code_point = 0x10FFFF;
 
 bool is_bare(char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-           (character >= '0' && character <= '9') || character == '_';
+           (character >= '0' && character <= '9') || character == '_' || character == '.' ||
+           character == '-';
 }
 
 std::size_t bare_length(std::string_view text) {
