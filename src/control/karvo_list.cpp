@@ -58,6 +58,8 @@ void KarvoList::InitProperties() {
 
 void KarvoList::ReadProperties(platform::PropertyBag& bag) {
     rooms_->stop_listening();
+    rooms_->CloseField(); // its column may go
+    rooms_->state.parts.InpFld.SetVisible(false);
     try {
         persistence::read_properties(rooms_->settings(), bag);
     } catch (...) {

@@ -299,6 +299,28 @@ TEST_F(PropertyBag, settings_can_be_taken_over_by_a_control_in_use) {
     EXPECT_TRUE(parts().GridIn.Visible());
 }
 
+TEST_F(PropertyBag, taking_over_settings_closes_an_open_field_whose_column_goes) {
+    list().SetAutoAdd(false);
+    list().SetCols(3);
+    list().SetColEditable(2, true);
+    list().SetRows(2);
+    list().SetRow(1);
+    ASSERT_TRUE(list().SetInput(2));
+    turn();
+    type("perso");
+    standard::MemoryBag bag;
+    bag.set("Cols", whole(1));
+    bag.set("Rows", whole(1));
+    list().ReadProperties(bag);
+    turn();
+    EXPECT_FALSE(parts().InpFld.Visible());
+    EXPECT_FALSE(list().Editing());
+    EXPECT_EQ(list().Cols(), 1);
+    list().OK();
+    turn();
+    EXPECT_EQ(list().Rows(), 0);
+}
+
 TEST_F(PropertyBag, a_value_that_does_not_convert_stops_at_its_key_and_names_it) {
     standard::MemoryBag bag;
     bag.set("BackColor", whole(255));

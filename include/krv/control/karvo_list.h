@@ -43,8 +43,9 @@ public:
 
     /// Start-up of a stored control, in place of `InitProperties`: reads every setting in its fixed
     /// order and applies each at once. Notifies nothing, loads nothing, lays nothing out: the host
-    /// places the control now. May be called again, to take over other settings. A key that the bag
-    /// lacks has the bag's default, which is not always that of a new control.
+    /// places the control now. May be called again, to take over other settings; an open field is
+    /// closed then, its text goes nowhere. A key that the bag lacks has the bag's default, which is
+    /// not always that of a new control.
     /// \throws RuntimeError 13 or 6 for a stored value that does not convert, the key in its text; 6
     ///         for more than 32,767 columns, before the first one is read; what a grid refuses; what
     ///         the bag raises. What was read before stays, and the control is usable.
