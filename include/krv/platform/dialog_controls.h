@@ -79,10 +79,11 @@ public:
     /// \throws RuntimeError 380 for a position outside the list
     virtual void SetListIndex(std::int16_t index) = 0;
 
-    /// Inserts before `index`, 0 to ListCount().
-    /// \throws RuntimeError 5 for another index
+    /// Inserts before `index`, 0 to ListCount(). A box to type in selects an entry that comes to
+    /// equal its text, without `Click`.
+    /// \throws RuntimeError 5 for another index, and for more than 32,767 entries
     virtual void AddItem(std::string_view text, std::int16_t index) = 0;
-    /// Empties list and selection.
+    /// Empties list and selection; a box to type in keeps its text.
     virtual void Clear() = 0;
 };
 
