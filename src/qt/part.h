@@ -1,7 +1,6 @@
 #pragma once
 
 #include "krv/platform/controls.h"
-#include "krv/platform/error.h"
 #include "krv/qt/resolution.h"
 #include "krv/standard/measures.h"
 #include "qt/part_handle.h"
@@ -97,16 +96,7 @@ public:
         widget_->setFont(font);
     }
 
-    void SetFocus() override {
-        if (!can_take_focus() || !widget_->isEnabled()) {
-            throw platform::RuntimeError(
-                platform::error_number::invalid_call, "Invalid procedure call or argument", name_);
-        }
-        if (!surface().has_focus(*this)) {
-            widget_->setFocus(Qt::OtherFocusReason);
-        }
-        surface().sync_focus();
-    }
+    void SetFocus() override { surface().give_focus(*this, name_); }
 
     QWidget* widget() const override { return widget_; }
 

@@ -120,6 +120,17 @@ bool Surface::has_focus(const PartHandle& part) const {
     return !closed_ && part_with(form_focus()) == &part;
 }
 
+void Surface::give_focus(const PartHandle& part, const std::string& source) {
+    if (!part.can_take_focus() || !part.widget()->isEnabled()) {
+        throw platform::RuntimeError(
+            platform::error_number::invalid_call, "Invalid procedure call or argument", source);
+    }
+    if (!has_focus(part)) {
+        part.widget()->setFocus(Qt::OtherFocusReason);
+    }
+    sync_focus();
+}
+
 bool Surface::has_focus_inside() const {
     const QWidget* const focused = form_focus();
     return focused != nullptr && (focused == root_ || root_->isAncestorOf(focused));
@@ -197,25 +208,30 @@ void Surface::turn_of_its_own() noexcept {
     }
 }
 
-bool Surface::person_acts(const Act& act) noexcept {
+bool Surface::take_act(const Act& act) noexcept {
     const std::shared_ptr<Surface> self = shared_from_this();
     const FormLoop::Activity activity(loop_);
     FormLoop::Script* const script = loop_->script();
     const FormLoop::Script::Pause pause(*loop_);
-    if (script == nullptr) {
+    try {
+        act();
+        return true;
+    } catch (...) {
+        script != nullptr ? script->keep(std::current_exception())
+                          : report(std::current_exception());
+        return false;
+    }
+}
+
+bool Surface::person_acts(const Act& act) noexcept {
+    const std::shared_ptr<Surface> self = shared_from_this();
+    const FormLoop::Activity activity(loop_);
+    const bool in_script = loop_->script() != nullptr;
+    if (!in_script) {
         turn_of_its_own();
     }
-    bool done = false;
-    if (!closed_) {
-        try {
-            act();
-            done = true;
-        } catch (...) {
-            script != nullptr ? script->keep(std::current_exception())
-                              : report(std::current_exception());
-        }
-    }
-    if (script == nullptr) {
+    const bool done = !closed_ && take_act(act);
+    if (!in_script) {
         turn_of_its_own();
     }
     return done;

@@ -10,6 +10,7 @@
 #include <exception>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace krv::qt {
@@ -59,6 +60,9 @@ public:
     void notice_gain();
 
     bool has_focus(const PartHandle& part) const;
+    /// Gives the part the focus, unless it has it.
+    /// \throws RuntimeError 5, from `source`, when the part cannot take it
+    void give_focus(const PartHandle& part, const std::string& source);
     /// Whether the focus is on a part or on the surface itself.
     bool has_focus_inside() const;
     /// The part that the widget was made for; null for any other widget.
@@ -76,6 +80,15 @@ public:
 
     /// Runs something that Qt called for; errors are reported.
     void guard(const Act& act) noexcept;
+
+    /// Delivers what waits before a person's act; errors are reported. The control may be gone
+    /// afterwards.
+    void turn_of_its_own() noexcept;
+
+    /// Runs what a widget noticed of a person's act, without turns: errors are reported, in a script
+    /// kept for it.
+    /// \return whether nothing was let out
+    bool take_act(const Act& act) noexcept;
 
     /// Works through something that a person did: what waits first, then the act, then what follows
     /// from it. Errors are reported, and the act follows all the same. The control may be gone
@@ -118,7 +131,6 @@ private:
     QWidget* form_focus() const;
     bool takes_tab(const QWidget& widget) const;
     QWidget* next_tab_stop(QWidget& start, const QWidget* passed_over) const;
-    void turn_of_its_own() noexcept;
 
     QPointer<QWidget> root_;
     std::shared_ptr<FormLoop> loop_;
