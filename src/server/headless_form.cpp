@@ -1,6 +1,6 @@
 #include "server/headless_form.h"
 
-#include "server/not_yet.h"
+#include "server/page_headless.h"
 
 #include "krv/headless/headless_form.h"
 
@@ -120,7 +120,9 @@ public:
         return std::make_unique<HeadlessFormControl>(form_, std::move(supplies), &bag);
     }
 
-    std::unique_ptr<FormPage> new_page(PageSupplies /*supplies*/) override { fail_not_yet(); }
+    std::unique_ptr<FormPage> new_page(PageSupplies supplies) override {
+        return make_headless_page(form_, std::move(supplies));
+    }
 
     platform::Application& application() override { return form_.application(); }
 

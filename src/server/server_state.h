@@ -5,6 +5,7 @@
 #include "server/form.h"
 #include "server/message_boxes.h"
 #include "server/object_table.h"
+#include "server/page_hosted.h"
 
 #include "krv/platform/data_access.h"
 #include "krv/standard/value_formatter.h"
@@ -35,6 +36,8 @@ struct ServerState {
     ObjectTable objects;
     MessageBoxes message_boxes;
     ControlTable controls;
+    /// Null while no page is open.
+    std::unique_ptr<HostedPage> page;
     /// Ends the session once the request under way is answered.
     std::function<void()> end;
 };
