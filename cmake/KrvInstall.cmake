@@ -15,6 +15,9 @@ endif()
 if(NOT KRV_WITH_SQLITE)
     list(APPEND left_out_headers PATTERN "krv/providers/sqlite*" EXCLUDE)
 endif()
+if(NOT KRV_WITH_ODBC)
+    list(APPEND left_out_headers PATTERN "krv/providers/odbc*" EXCLUDE)
+endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/krv
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
     FILES_MATCHING PATTERN "*.h" ${left_out_headers})

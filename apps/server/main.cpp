@@ -9,6 +9,9 @@
 
 #include "krv/standard/ado.h"
 
+#ifdef KRV_HAS_ODBC
+#include "krv/providers/odbc.h"
+#endif
 #ifdef KRV_HAS_SQLITE
 #include "krv/providers/sqlite.h"
 #endif
@@ -37,6 +40,9 @@ std::shared_ptr<platform::DataAccess> make_data_access() {
     standard::ProviderRegistry::Providers providers;
 #ifdef KRV_HAS_SQLITE
     providers.sqlite = providers::make_sqlite_provider();
+#endif
+#ifdef KRV_HAS_ODBC
+    providers.odbc = providers::make_odbc_provider();
 #endif
     return std::make_shared<standard::AdoDataAccess>(
         std::make_shared<const standard::ProviderRegistry>(std::move(providers)));

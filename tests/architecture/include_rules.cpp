@@ -37,14 +37,30 @@ const std::map<std::string, Room, std::less<>>& rooms() {
         {"companions", {{"platform", "control"}, {}}},
         {"standard", {core, {"fcntl.h", "sys/stat.h", "unistd.h"}}},
         {"providers/sqlite", {core_and({"standard"}), {"sqlite3.h"}}},
+        {"providers/odbc",
+         {core_and({"standard"}), {"sql.h", "sqlext.h", "sqlucode.h", "odbcinst.h", "dlfcn.h"}}},
+        {"providers/jet",
+         {core_and({"standard"}),
+          {"dlfcn.h", "fcntl.h", "poll.h", "spawn.h", "sys/", "unistd.h"}}},
         {"headless", {core_and({"companions", "standard", "providers/sqlite"}), {}}},
         {"qt", {core_and({"companions", "standard", "providers/sqlite"}), {"Q"}}},
         {"server",
-         {core_and({"companions", "standard", "providers/sqlite", "headless", "qt"}),
+         {core_and(
+              {"companions", "standard", "providers/sqlite", "providers/odbc", "headless", "qt"}),
           {"Q", "nlohmann/", "poll.h", "unistd.h"}}},
         {"apps",
-         {core_and({"companions", "standard", "providers/sqlite", "headless", "qt", "server"}),
+         {core_and({"companions",
+                    "standard",
+                    "providers/sqlite",
+                    "providers/odbc",
+                    "providers/jet",
+                    "headless",
+                    "qt",
+                    "server"}),
           {"Q", "sqlite3.h", "unistd.h"}}},
+        {"apps/jet-reader",
+         {core_and({"standard", "providers/jet"}),
+          {"glib.h", "iconv.h", "mdbtools.h", "seccomp.h", "sqlite3.h", "sys/", "unistd.h"}}},
     };
     return all;
 }
@@ -130,7 +146,11 @@ std::vector<Edge> edges_of(const std::vector<SourceFile>& files) {
 
 /// The folder that a file lives in; empty outside the layers. Each provider is a room of its own:
 /// its folder, and its public header when that is a single one (`include/krv/providers/sqlite.h`).
+/// So is the program that libmdb is locked up in.
 std::string room_of(std::string_view path) {
+    if (path.starts_with("apps/jet-reader/")) {
+        return "apps/jet-reader";
+    }
     if (path.starts_with("apps/")) {
         return "apps";
     }

@@ -1,6 +1,7 @@
 #include "krv/standard/data_error.h"
 #include "providers/sqlite/statement.h"
 #include "standard/ado/date_text.h"
+#include "standard/ado/exact_number.h"
 #include "standard/formatting/decimal_text.h"
 
 #include <cmath>
@@ -15,18 +16,6 @@ using standard::DecimalText;
 
 [[noreturn]] void mismatch() {
     throw standard::DataError(platform::error_number::type_mismatch, "Type mismatch", layer);
-}
-
-std::string plain_text(const DecimalText& number) {
-    std::string result = number.negative ? "-" : "";
-    for (int place = number.point > 1 ? number.point - 1 : 0; place >= 0; --place) {
-        result += number.digit_at(place);
-    }
-    for (int place = -1; place >= -number.decimals(); --place) {
-        result += place == -1 ? "." : "";
-        result += number.digit_at(place);
-    }
-    return result;
 }
 
 int bind_double(sqlite3_stmt* statement, int index, double value) {
@@ -55,7 +44,7 @@ int bind_decimal(sqlite3_stmt* statement, int index, const DecimalText& number) 
     if (number.count <= standard::double_digits) {
         return sqlite3_bind_double(statement, index, standard::to_double(number));
     }
-    return bind_text(statement, index, plain_text(number));
+    return bind_text(statement, index, standard::exact_text(number));
 }
 
 int bind_date(sqlite3_stmt* statement, int index, platform::Date date) {

@@ -147,4 +147,16 @@ std::optional<platform::Currency> currency_from_whole(std::int64_t value) noexce
     return platform::Currency{value * ten_thousand};
 }
 
+std::string exact_text(const DecimalText& number) {
+    std::string result = number.negative ? "-" : "";
+    for (int place = number.point > 1 ? number.point - 1 : 0; place >= 0; --place) {
+        result += number.digit_at(place);
+    }
+    for (int place = -1; place >= -number.decimals(); --place) {
+        result += place == -1 ? "." : "";
+        result += number.digit_at(place);
+    }
+    return result;
+}
+
 } // namespace krv::standard

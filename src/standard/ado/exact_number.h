@@ -4,6 +4,7 @@
 #include "standard/formatting/decimal_text.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace krv::standard {
@@ -33,5 +34,8 @@ platform::Decimal decimal_from_whole(std::int64_t value) noexcept;
 
 /// Nothing when it is out of range.
 std::optional<platform::Currency> currency_from_whole(std::int64_t value) noexcept;
+
+/// `[-]digits[.digits]`, with a digit before the point.
+std::string exact_text(const DecimalText& number);
 
 } // namespace krv::standard

@@ -1,0 +1,270 @@
+#include "providers/odbc/block.h"
+
+#include "standard/ado/field_types.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace krv::providers::odbc {
+
+namespace {
+
+namespace field_type = standard::field_type;
+
+constexpr std::size_t most_rows = 256;
+constexpr std::size_t most_bytes = 1U << 20;
+
+/// Longer values are fetched by themselves.
+constexpr std::size_t bound_units = 255;
+constexpr std::size_t bound_bytes = 512;
+
+Form form_of(const DescribedColumn& column, std::int16_t type, Engine engine) {
+    switch (type) {
+    case field_type::boolean:
+        return column.sql_type == SQL_BIT && engine != Engine::sqlite ? Form::bit : Form::text;
+    case field_type::tiny_int:
+    case field_type::unsigned_tiny_int:
+    case field_type::small_int:
+    case field_type::unsigned_small_int:
+    case field_type::integer:
+    case field_type::unsigned_int:
+    case field_type::big_int:
+        // SQLite keeps anything in any column; its driver would make a 0 of a text.
+        return engine == Engine::sqlite ? Form::text : Form::whole;
+    case field_type::unsigned_big_int:
+        return engine == Engine::sqlite ? Form::text : Form::unsigned_whole;
+    case field_type::single:
+        return engine == Engine::sqlite ? Form::text : Form::single;
+    case field_type::double_float:
+        return engine == Engine::sqlite ? Form::text : Form::double_float;
+    case field_type::binary:
+    case field_type::var_binary:
+    case field_type::long_var_binary:
+        return Form::bytes;
+    default:
+        return Form::text;
+    }
+}
+
+SQLSMALLINT c_type_of(Form form) {
+    switch (form) {
+    case Form::bit:
+        return SQL_C_BIT;
+    case Form::whole:
+        return SQL_C_SBIGINT;
+    case Form::unsigned_whole:
+        return SQL_C_UBIGINT;
+    case Form::single:
+        return SQL_C_FLOAT;
+    case Form::double_float:
+        return SQL_C_DOUBLE;
+    case Form::bytes:
+        return SQL_C_BINARY;
+    case Form::text:
+        break;
+    }
+    return SQL_C_WCHAR;
+}
+
+/// UTF-16 units that texts of a column mostly have at most.
+std::size_t units_of(const standard::ColumnInfo& info) {
+    switch (info.type) {
+    case field_type::db_date:
+    case field_type::db_time:
+    case field_type::db_time_stamp:
+    case field_type::guid:
+    case field_type::currency:
+    case field_type::numeric:
+        return 47;
+    default:
+        return std::min(2 * static_cast<std::size_t>(info.defined_size), bound_units);
+    }
+}
+
+std::size_t width_of(Form form, const standard::ColumnInfo& info) {
+    switch (form) {
+    case Form::bit:
+        return 1;
+    case Form::single:
+        return sizeof(float);
+    case Form::whole:
+    case Form::unsigned_whole:
+    case Form::double_float:
+        return sizeof(std::int64_t);
+    case Form::bytes:
+        return std::min(static_cast<std::size_t>(info.defined_size), bound_bytes);
+    case Form::text:
+        break;
+    }
+    return (units_of(info) + 1) * sizeof(char16_t);
+}
+
+/// Whether the values of a column may be longer than the place that is bound for them.
+bool may_be_longer(Form form, const standard::ColumnInfo& info) {
+    const auto size = static_cast<std::size_t>(info.defined_size);
+    switch (info.type) {
+    case field_type::char_type:
+    case field_type::var_char:
+    case field_type::long_var_char:
+    case field_type::w_char:
+    case field_type::var_w_char:
+    case field_type::long_var_w_char:
+        return 2 * size > bound_units;
+    default:
+        return form == Form::bytes && size > bound_bytes;
+    }
+}
+
+} // namespace
+
+Block::Block(const StatementHandle& statement, const DriverTraits& traits)
+    : statement_(statement)
+    , mode_(traits.reads_long_in_blocks ? Mode::blocks
+            : traits.reads_long_in_rows ? Mode::rows
+                                        : Mode::unbound) {
+    describe(traits);
+    bind();
+}
+
+void Block::describe(const DriverTraits& traits) {
+    SQLSMALLINT count = 0;
+    statement_.check(SQLNumResultCols(statement_.get(), &count), Phase::running);
+    for (SQLUSMALLINT i = 1; i <= count; ++i) {
+        const DescribedColumn described = describe_column(statement_, i);
+        const ColumnType type = column_type(described, traits.engine);
+        infos_.push_back({described.name, type.type, type.size});
+        Column& column = columns_.emplace_back();
+        column.form = form_of(described, type.type, traits.engine);
+        column.c_type = c_type_of(column.form);
+        column.width = width_of(column.form, infos_.back());
+        column.room = column.width - (column.form == Form::text ? sizeof(char16_t) : 0);
+        // MariaDB's driver (3.1.15) fails on a text that is cut in the midst of a character.
+        column.is_bound = mode_ == Mode::blocks ||
+                          (mode_ == Mode::rows && !may_be_longer(column.form, infos_.back()));
+    }
+}
+
+void Block::bind() {
+    std::size_t row_bytes = 1;
+    for (const Column& column : columns_) {
+        row_bytes += column.width + sizeof(SQLLEN);
+    }
+    const std::size_t rows =
+        mode_ == Mode::blocks ? std::clamp<std::size_t>(most_bytes / row_bytes, 1, most_rows) : 1;
+    states_.resize(rows);
+    const auto set = [&](SQLINTEGER attribute, SQLPOINTER value) {
+        statement_.check(SQLSetStmtAttrW(statement_.get(), attribute, value, 0), Phase::running);
+    };
+    if (rows > 1) {
+        set(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows));
+    }
+    set(SQL_ATTR_ROWS_FETCHED_PTR, &fetched_);
+    set(SQL_ATTR_ROW_STATUS_PTR, states_.data());
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        Column& column = columns_[i];
+        column.data.resize(rows * column.width);
+        column.lengths.assign(rows, SQL_NO_TOTAL);
+        if (column.is_bound) {
+            statement_.check(SQLBindCol(statement_.get(),
+                                        static_cast<SQLUSMALLINT>(i + 1),
+                                        column.c_type,
+                                        column.data.data(),
+                                        static_cast<SQLLEN>(column.width),
+                                        column.lengths.data()),
+                             Phase::running);
+        }
+    }
+}
+
+bool Block::fetch() {
+    serial_ += row_count_;
+    row_ = 0;
+    row_count_ = 0;
+    fetched_ = 1; // for a driver that counts rows of blocks only
+    const SQLRETURN code = SQLFetch(statement_.get());
+    statement_.check(code, Phase::running);
+    if (code == SQL_NO_DATA) {
+        return false;
+    }
+    row_count_ = std::min<std::size_t>(fetched_, states_.size());
+    if (code == SQL_SUCCESS_WITH_INFO) {
+        require_no_failed_row();
+    }
+    if (mode_ == Mode::unbound) {
+        read_unbound_row();
+    }
+    return row_count_ > 0;
+}
+
+void Block::require_no_failed_row() const {
+    const auto end = states_.begin() + static_cast<std::ptrdiff_t>(row_count_);
+    if (std::find(states_.begin(), end, SQL_ROW_ERROR) != end) {
+        raise(SQL_HANDLE_STMT, statement_.get(), Phase::running);
+    }
+}
+
+void Block::read_unbound_row() {
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        Column& column = columns_[i];
+        if (column.form == Form::text || column.form == Form::bytes) {
+            read_whole(i);
+        } else {
+            statement_.check(SQLGetData(statement_.get(),
+                                        static_cast<SQLUSMALLINT>(i + 1),
+                                        column.c_type,
+                                        column.data.data(),
+                                        static_cast<SQLLEN>(column.width),
+                                        column.lengths.data()),
+                             Phase::running);
+        }
+    }
+}
+
+/// Piece after piece, until the driver says that it was the last one.
+void Block::read_whole(std::size_t index) {
+    Column& column = columns_[index];
+    const std::size_t terminator = column.form == Form::text ? sizeof(char16_t) : 0;
+    std::array<char16_t, 16384> piece;
+    column.whole.clear();
+    column.is_null = false;
+    for (SQLRETURN code = SQL_SUCCESS_WITH_INFO; code == SQL_SUCCESS_WITH_INFO;) {
+        SQLLEN length = 0;
+        code = SQLGetData(statement_.get(),
+                          static_cast<SQLUSMALLINT>(index + 1),
+                          column.c_type,
+                          piece.data(),
+                          static_cast<SQLLEN>(sizeof piece),
+                          &length);
+        statement_.check(code, Phase::running);
+        if (code == SQL_NO_DATA) {
+            break;
+        }
+        if (length == SQL_NULL_DATA) {
+            column.is_null = true;
+            break;
+        }
+        const std::size_t most = sizeof piece - terminator;
+        const std::size_t size =
+            length < 0 ? most : std::min(static_cast<std::size_t>(length), most);
+        const auto* data = reinterpret_cast<const std::byte*>(piece.data());
+        column.whole.insert(column.whole.end(), data, data + size);
+        if (code == SQL_SUCCESS_WITH_INFO && length >= 0 &&
+            static_cast<std::size_t>(length) <= most) {
+            break; // a warning about something else
+        }
+    }
+    column.whole_row = serial_ + row_;
+}
+
+RawCell Block::long_cell(std::size_t column) {
+    if (states_.size() > 1) {
+        statement_.check(SQLSetPos(statement_.get(), row_ + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE),
+                         Phase::running);
+    }
+    read_whole(column);
+    const Column& read = columns_[column];
+    return read.is_null ? RawCell{} : RawCell{read.whole.data(), read.whole.size()};
+}
+
+} // namespace krv::providers::odbc

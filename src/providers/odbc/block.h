@@ -1,0 +1,92 @@
+#pragma once
+
+#include "krv/standard/provider.h"
+#include "providers/odbc/column_type.h"
+#include "providers/odbc/session.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace krv::providers::odbc {
+
+/// How a column's values come from the driver.
+enum class Form { bit, whole, unsigned_whole, single, double_float, text, bytes };
+
+/// A value as the driver wrote it, valid until the next fetch.
+struct RawCell {
+    const std::byte* data = nullptr; ///< null for the missing value
+    std::size_t size = 0;            ///< bytes
+};
+
+/// Rows of an executed statement, fetched many at a time where the driver can read long values out
+/// of such a block, else one by one.
+class Block {
+public:
+    /// Describes and binds the columns.
+    /// \param statement  executed; outlives this
+    Block(const StatementHandle& statement, const DriverTraits& traits);
+    Block(const Block&) = delete;
+    Block& operator=(const Block&) = delete;
+
+    /// Goes to the next row; false behind the last one.
+    bool step() { return ++row_ < row_count_ || fetch(); }
+
+    std::span<const standard::ColumnInfo> columns() const { return infos_; }
+
+    Form form(std::size_t column) const { return columns_[column].form; }
+
+    /// The current row's value.
+    RawCell cell(std::size_t column) {
+        Column& asked = columns_[column];
+        if (asked.whole_row == serial_ + row_) {
+            return asked.is_null ? RawCell{} : RawCell{asked.whole.data(), asked.whole.size()};
+        }
+        const SQLLEN length = asked.lengths[row_];
+        if (length == SQL_NULL_DATA) {
+            return {};
+        }
+        return length >= 0 && static_cast<std::size_t>(length) <= asked.room
+                   ? RawCell{asked.data.data() + row_ * asked.width,
+                             static_cast<std::size_t>(length)}
+                   : long_cell(column);
+    }
+
+private:
+    struct Column {
+        Form form = Form::text;
+        SQLSMALLINT c_type = 0;
+        std::size_t width = 0; ///< bytes of a value's place
+        std::size_t room = 0;  ///< of them for the value
+        bool is_bound = true;  ///< else its values are asked for one by one
+        std::vector<std::byte> data;
+        std::vector<SQLLEN> lengths;
+        // A value that was read in pieces, and the row it belongs to.
+        std::vector<std::byte> whole;
+        std::uint64_t whole_row = 0;
+        bool is_null = false;
+    };
+
+    enum class Mode { blocks, rows, unbound };
+
+    void describe(const DriverTraits& traits);
+    void bind();
+    bool fetch();
+    void require_no_failed_row() const;
+    void read_unbound_row();
+    void read_whole(std::size_t column);
+    RawCell long_cell(std::size_t column);
+
+    const StatementHandle& statement_;
+    Mode mode_;
+    std::vector<standard::ColumnInfo> infos_;
+    std::vector<Column> columns_;
+    std::vector<SQLUSMALLINT> states_;
+    SQLULEN fetched_ = 0;
+    std::size_t row_ = 0;       ///< in the block
+    std::size_t row_count_ = 0; ///< of the block
+    std::uint64_t serial_ = 1;  ///< number of the block's first row
+};
+
+} // namespace krv::providers::odbc
