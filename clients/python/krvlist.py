@@ -27,6 +27,7 @@ from typing import (
     Any, Callable, Dict, Iterable, List as ListOf, Mapping, NamedTuple, Optional, Sequence, Tuple, Union,
 )
 
+from krvlist_page import Page, PageState, open_page
 from krvlist_wire import (
     ControlError, HostError, KrvListError, Line, Message, NotServed, ObjectRef, ProtocolError,
     ServerGone, find_program, from_json, to_json,
@@ -34,8 +35,8 @@ from krvlist_wire import (
 
 __all__ = [
     "ALT", "CTRL", "CallResult", "ControlError", "Event", "HostError", "IndexedProperty",
-    "KrvListError", "List", "Member", "Method", "ObjectRef", "Parameter", "ProtocolError", "SHIFT",
-    "Saved", "Server", "ServerGone", "find_program",
+    "KrvListError", "List", "Member", "Method", "ObjectRef", "Page", "PageState", "Parameter",
+    "ProtocolError", "SHIFT", "Saved", "Server", "ServerGone", "find_program",
 ]
 
 #: Shift states of keys and mouse buttons; added together.
@@ -181,6 +182,11 @@ class Server:
 
     def _forget(self, id: str) -> None:
         self.controls.pop(id, None)
+
+    def open_page(self, *lists: Union[List, str]) -> Page:
+        """Opens the property page on these controls and reads the first one; a page that is open
+        goes. Its questions come as message boxes, its file dialog to `on_open_file`."""
+        return open_page(self.request, lists)
 
     # --- The host ---
 
