@@ -192,8 +192,8 @@ void QtTabStrip::SetSelectedIndex(std::int32_t index) {
 }
 
 void QtTabStrip::click(std::int32_t index) {
-    require(index);
     if (is_enabled()) {
+        require(index);
         choose(index - 1);
     }
 }
