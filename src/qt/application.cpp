@@ -34,10 +34,17 @@ QMessageBox* make_box(QWidget* parent,
 } // namespace
 
 std::string QtApplication::Title() const {
+    if (kept_title_) {
+        return *kept_title_;
+    }
     return QGuiApplication::applicationDisplayName().toStdString();
 }
 
 void QtApplication::SetTitle(std::string_view title) {
+    if (kept_title_) {
+        *kept_title_ = title;
+        return;
+    }
     QGuiApplication::setApplicationDisplayName(text_of(title));
 }
 

@@ -5,6 +5,7 @@
 #include "qt/surface.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace krv::qt {
@@ -21,12 +22,16 @@ public:
                                    platform::MessageButtons buttons) override;
     void Yield() override;
 
+    /// From here on the title is this control's own, and the program's stays as it is.
+    void keep_title() { kept_title_.emplace(); }
+
     /// Instead of showing boxes; empty shows them again.
     void set_message_handler(MessageHandler handler) { message_handler_ = std::move(handler); }
 
 private:
     std::shared_ptr<Surface> surface_;
     MessageHandler message_handler_;
+    std::optional<std::string> kept_title_;
 };
 
 } // namespace krv::qt

@@ -12,8 +12,8 @@ constexpr platform::TwipsSingle button_height = 255;
 } // namespace
 
 KarvoListWidget::Rooms::Rooms(KarvoListWidget& widget,
-                              std::shared_ptr<platform::DataAccess> data,
-                              std::shared_ptr<const platform::Formatter> format)
+                              std::shared_ptr<LateDataAccess> data,
+                              std::shared_ptr<LateFormatter> format)
     : data_access(std::move(data))
     , formatter(std::move(format))
     , surface(Surface::make(widget))

@@ -5,6 +5,7 @@
 #include "qt/button.h"
 #include "qt/container.h"
 #include "qt/grid_part.h"
+#include "qt/late_surroundings.h"
 #include "qt/line.h"
 #include "qt/surface.h"
 #include "qt/text_box.h"
@@ -17,8 +18,8 @@ namespace krv::qt {
 /// order, the control last, so that it goes first.
 struct KarvoListWidget::Rooms {
     Rooms(KarvoListWidget& widget,
-          std::shared_ptr<platform::DataAccess> data,
-          std::shared_ptr<const platform::Formatter> format);
+          std::shared_ptr<LateDataAccess> data,
+          std::shared_ptr<LateFormatter> format);
     ~Rooms();
 
     /// Ends the control. What is left of its parts stays while code of theirs may be running.
@@ -29,8 +30,8 @@ struct KarvoListWidget::Rooms {
     /// Places every part anew: the resolution is another one.
     void place_parts();
 
-    std::shared_ptr<platform::DataAccess> data_access;
-    std::shared_ptr<const platform::Formatter> formatter;
+    std::shared_ptr<LateDataAccess> data_access;
+    std::shared_ptr<LateFormatter> formatter;
     std::shared_ptr<Surface> surface;
     QtApplication application;
     QtContainer container;

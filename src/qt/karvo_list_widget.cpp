@@ -11,14 +11,39 @@
 
 namespace krv::qt {
 
+namespace {
+
+/// Qt Designer shows warnings that begin with its name in a message box, all others nowhere.
+void tell_designer(const std::exception_ptr& error) {
+    try {
+        std::rethrow_exception(error);
+    } catch (const std::exception& failure) {
+        qWarning("Designer: KarvoList: %s", failure.what());
+    }
+}
+
+} // namespace
+
+KarvoListWidget::KarvoListWidget(QWidget* parent)
+    : KarvoListWidget(nullptr, nullptr, parent) {}
+
+KarvoListWidget::KarvoListWidget(InDesigner /*in_designer*/, QWidget* parent)
+    : QWidget(parent)
+    , event_signals_(std::make_unique<EventSignals>(*this))
+    , in_designer_(true) {
+    prepare(nullptr, nullptr);
+    rooms_->application.keep_title();
+    set_error_handler(tell_designer);
+    start_new();
+}
+
 KarvoListWidget::KarvoListWidget(std::shared_ptr<platform::DataAccess> data_access,
                                  std::shared_ptr<const platform::Formatter> formatter,
                                  QWidget* parent)
     : QWidget(parent)
     , event_signals_(std::make_unique<EventSignals>(*this)) {
     prepare(std::move(data_access), std::move(formatter));
-    rooms_->list->InitProperties();
-    rooms_->container.resized();
+    start_new();
 }
 
 KarvoListWidget::KarvoListWidget(std::shared_ptr<platform::DataAccess> data_access,
@@ -40,11 +65,18 @@ KarvoListWidget::KarvoListWidget(std::shared_ptr<platform::DataAccess> data_acce
 void KarvoListWidget::prepare(std::shared_ptr<platform::DataAccess> data_access,
                               std::shared_ptr<const platform::Formatter> formatter) {
     setFocusPolicy(Qt::ClickFocus);
-    rooms_ = std::make_unique<Rooms>(*this, std::move(data_access), std::move(formatter));
+    rooms_ = std::make_unique<Rooms>(*this,
+                                     std::make_shared<LateDataAccess>(std::move(data_access)),
+                                     std::make_shared<LateFormatter>(std::move(formatter)));
     rooms_->container.set_on_property_changed([this](std::string_view name) {
         emit propertyChanged(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     });
     rooms_->list->subscribe(*event_signals_);
+}
+
+void KarvoListWidget::start_new() {
+    rooms_->list->InitProperties();
+    rooms_->container.resized();
 }
 
 KarvoListWidget::~KarvoListWidget() {
@@ -59,6 +91,22 @@ KarvoList& KarvoListWidget::list() noexcept {
 
 const KarvoList& KarvoListWidget::list() const noexcept {
     return *rooms_->list;
+}
+
+void KarvoListWidget::set_data_access(std::shared_ptr<platform::DataAccess> data_access) {
+    rooms_->data_access->set(std::move(data_access));
+}
+
+void KarvoListWidget::set_formatter(std::shared_ptr<const platform::Formatter> formatter) {
+    rooms_->formatter->set(std::move(formatter));
+}
+
+void KarvoListWidget::set_default_data_access(std::shared_ptr<platform::DataAccess> data_access) {
+    LateDataAccess::set_default(std::move(data_access));
+}
+
+void KarvoListWidget::set_default_formatter(std::shared_ptr<const platform::Formatter> formatter) {
+    LateFormatter::set_default(std::move(formatter));
 }
 
 void KarvoListWidget::set_error_handler(ErrorHandler handler) {

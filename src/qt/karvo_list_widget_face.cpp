@@ -4,6 +4,8 @@
 #include "qt/focus_target.h"
 #include "qt/karvo_list_rooms.h"
 
+#include <QPointer>
+
 #include <string_view>
 #include <type_traits>
 
@@ -157,7 +159,17 @@ int KarvoListWidget::Rows() const {
 }
 
 void KarvoListWidget::SetRows(int value) {
-    put(&KarvoList::SetRows, value);
+    const QPointer<KarvoListWidget> self(this);
+    if (in_designer_) {
+        // Fewer rows move the current one, which a control in use would open.
+        restore_setting("Rows",
+                        platform::Value(platform::ValueView::long_long(std::int64_t{value} + 1)));
+    } else {
+        put(&KarvoList::SetRows, value);
+    }
+    if (self) {
+        go_to_awaited_row();
+    }
 }
 
 int KarvoListWidget::LineNumberColumn() const {

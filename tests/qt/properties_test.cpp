@@ -1,4 +1,5 @@
 #include "krv/control/automation.h"
+#include "krv/persistence/setting_keys.h"
 #include "qt/widget_fixture.h"
 
 #include "support/errors.h"
@@ -8,6 +9,9 @@
 #include <QMetaProperty>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <map>
+#include <set>
 
 namespace krv::qt::testing {
 
@@ -38,6 +42,17 @@ std::string described(const char* name, int type, bool writable) {
     return std::string(name) + " " + QMetaType(type).name() + (writable ? " read write" : " read");
 }
 
+/// What form files have beside the properties of the interface.
+const std::vector<std::string> properties_of_form_files = {"Columns QByteArray read write",
+                                                           "Captions QStringList read write",
+                                                           "StartTitle QString read write",
+                                                           "StartRow int read write",
+                                                           "StartButtonsHeight double read write",
+                                                           "StartKeyAdd int read write",
+                                                           "StartKeyInsert int read write",
+                                                           "StartKeyDelete int read write",
+                                                           "StartKeyCopy int read write"};
+
 /// The properties of the interface that Qt can hold, in its order.
 std::vector<std::string> expected_properties() {
     std::vector<std::string> expected;
@@ -64,9 +79,43 @@ std::vector<std::string> properties_of_the_class() {
 
 } // namespace
 
-TEST_F(Properties, are_those_of_the_interface_that_qt_can_hold) {
-    EXPECT_EQ(properties_of_the_class(), expected_properties());
-    EXPECT_EQ(expected_properties().size(), 43U);
+TEST_F(Properties, are_those_of_the_interface_that_qt_can_hold_and_those_of_form_files) {
+    std::vector<std::string> expected = expected_properties();
+    EXPECT_EQ(expected.size(), 43U);
+    expected.insert(
+        expected.end(), properties_of_form_files.begin(), properties_of_form_files.end());
+    EXPECT_EQ(properties_of_the_class(), expected);
+}
+
+TEST_F(Properties, a_form_file_keeps_and_shows_each_setting_of_a_bag_once) {
+    // By their names in a bag, "Columns" standing for all settings of the columns but the captions.
+    const std::map<std::string, std::string> other_names = {{"Captions", "Caption"},
+                                                            {"Recordsource", "RecordSource"},
+                                                            {"StartTitle", "MsgTitle"},
+                                                            {"StartRow", "Row"},
+                                                            {"StartButtonsHeight", "ButtonsHeight"},
+                                                            {"StartKeyAdd", "KeyAdd"},
+                                                            {"StartKeyInsert", "KeyInsert"},
+                                                            {"StartKeyDelete", "KeyDelete"},
+                                                            {"StartKeyCopy", "KeyCopy"}};
+    std::multiset<std::string> expected = {"Columns"};
+    for (const persistence::SettingKey& key : persistence::setting_keys()) {
+        if (key.name != "Cols" &&
+            (key.scope == persistence::KeyScope::list || key.name == "Caption")) {
+            expected.emplace(key.name);
+        }
+    }
+    std::multiset<std::string> stored;
+    const QMetaObject& meta = KarvoListWidget::staticMetaObject;
+    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
+        const QMetaProperty property = meta.property(i);
+        EXPECT_EQ(property.isStored(), property.isDesignable()) << property.name();
+        if (property.isStored()) {
+            const auto other = other_names.find(property.name());
+            stored.insert(other == other_names.end() ? property.name() : other->second);
+        }
+    }
+    EXPECT_EQ(stored, expected);
 }
 
 TEST_F(Properties, write_and_read_the_list) {

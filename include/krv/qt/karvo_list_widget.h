@@ -7,7 +7,9 @@
 #include "krv/qt/error_handler.h"
 #include "krv/qt/message_handler.h"
 
+#include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <cstdint>
@@ -28,42 +30,45 @@ class KarvoListWidget : public QWidget {
     Q_OBJECT
 
     // In the order of the interface; those with an index and those that hold objects are not here.
+    // Form files keep those that are settings, and show no others to the form's developer.
     Q_PROPERTY(uint BackColor READ BackColor WRITE SetBackColor)
-    Q_PROPERTY(float ButtonsHeight READ ButtonsHeight WRITE SetButtonsHeight)
-    Q_PROPERTY(float ButtonsWidth READ ButtonsWidth)
-    Q_PROPERTY(bool Adding READ Adding)
+    Q_PROPERTY(
+        float ButtonsHeight READ ButtonsHeight WRITE SetButtonsHeight DESIGNABLE false STORED false)
+    Q_PROPERTY(float ButtonsWidth READ ButtonsWidth DESIGNABLE false STORED false)
+    Q_PROPERTY(bool Adding READ Adding DESIGNABLE false STORED false)
     Q_PROPERTY(QString Connect READ Connect WRITE SetConnect)
-    Q_PROPERTY(bool InputModified READ InputModified)
-    Q_PROPERTY(int KeyAdd READ KeyAdd WRITE SetKeyAdd)
-    Q_PROPERTY(int KeyCopy READ KeyCopy WRITE SetKeyCopy)
-    Q_PROPERTY(int KeyDelete READ KeyDelete WRITE SetKeyDelete)
-    Q_PROPERTY(int KeyInsert READ KeyInsert WRITE SetKeyInsert)
+    Q_PROPERTY(bool InputModified READ InputModified DESIGNABLE false STORED false)
+    Q_PROPERTY(int KeyAdd READ KeyAdd WRITE SetKeyAdd DESIGNABLE false STORED false)
+    Q_PROPERTY(int KeyCopy READ KeyCopy WRITE SetKeyCopy DESIGNABLE false STORED false)
+    Q_PROPERTY(int KeyDelete READ KeyDelete WRITE SetKeyDelete DESIGNABLE false STORED false)
+    Q_PROPERTY(int KeyInsert READ KeyInsert WRITE SetKeyInsert DESIGNABLE false STORED false)
     Q_PROPERTY(int KeyOK READ KeyOK WRITE SetKeyOK)
     Q_PROPERTY(bool MoveWithTab READ MoveWithTab WRITE SetMoveWithTab)
-    Q_PROPERTY(bool Modified READ Modified)
-    Q_PROPERTY(QString MsgTitle READ MsgTitle WRITE SetMsgTitle)
-    Q_PROPERTY(bool Editing READ Editing)
-    Q_PROPERTY(bool Inserting READ Inserting)
+    Q_PROPERTY(bool Modified READ Modified DESIGNABLE false STORED false)
+    Q_PROPERTY(QString MsgTitle READ MsgTitle WRITE SetMsgTitle DESIGNABLE false STORED false)
+    Q_PROPERTY(bool Editing READ Editing DESIGNABLE false STORED false)
+    Q_PROPERTY(bool Inserting READ Inserting DESIGNABLE false STORED false)
     Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled)
     Q_PROPERTY(int Rows READ Rows WRITE SetRows)
     Q_PROPERTY(int LineNumberColumn READ LineNumberColumn WRITE SetLineNumberColumn)
-    Q_PROPERTY(int Cols READ Cols WRITE SetCols)
+    Q_PROPERTY(int Cols READ Cols WRITE SetCols DESIGNABLE false STORED false)
     Q_PROPERTY(QString Recordsource READ Recordsource WRITE SetRecordsource)
     Q_PROPERTY(bool ReadOnlyRecordset READ ReadOnlyRecordset WRITE SetReadOnlyRecordset)
     Q_PROPERTY(QString DataBaseName READ DataBaseName WRITE SetDataBaseName)
-    Q_PROPERTY(int Row READ Row WRITE SetRow)
-    Q_PROPERTY(int TopRow READ TopRow WRITE SetTopRow)
+    Q_PROPERTY(int Row READ Row WRITE SetRow DESIGNABLE false STORED false)
+    Q_PROPERTY(int TopRow READ TopRow WRITE SetTopRow DESIGNABLE false STORED false)
     Q_PROPERTY(QString AddCaption READ AddCaption WRITE SetAddCaption)
-    Q_PROPERTY(uint AddColor READ AddColor WRITE SetAddColor)
+    Q_PROPERTY(uint AddColor READ AddColor WRITE SetAddColor DESIGNABLE false STORED false)
     Q_PROPERTY(QString InsertCaption READ InsertCaption WRITE SetInsertCaption)
-    Q_PROPERTY(uint InsertColor READ InsertColor WRITE SetInsertColor)
+    Q_PROPERTY(uint InsertColor READ InsertColor WRITE SetInsertColor DESIGNABLE false STORED false)
     Q_PROPERTY(QString DeleteCaption READ DeleteCaption WRITE SetDeleteCaption)
-    Q_PROPERTY(uint DeleteColor READ DeleteColor WRITE SetDeleteColor)
+    Q_PROPERTY(uint DeleteColor READ DeleteColor WRITE SetDeleteColor DESIGNABLE false STORED false)
     Q_PROPERTY(QString CopyCaption READ CopyCaption WRITE SetCopyCaption)
-    Q_PROPERTY(uint CopyColor READ CopyColor WRITE SetCopyColor)
-    Q_PROPERTY(uint EvidenziaColor READ EvidenziaColor WRITE SetEvidenziaColor)
-    Q_PROPERTY(QString OKCaption READ OKCaption WRITE SetOKCaption)
-    Q_PROPERTY(uint OkColor READ OkColor WRITE SetOkColor)
+    Q_PROPERTY(uint CopyColor READ CopyColor WRITE SetCopyColor DESIGNABLE false STORED false)
+    Q_PROPERTY(uint EvidenziaColor READ EvidenziaColor WRITE SetEvidenziaColor
+                   DESIGNABLE false STORED false)
+    Q_PROPERTY(QString OKCaption READ OKCaption WRITE SetOKCaption DESIGNABLE false STORED false)
+    Q_PROPERTY(uint OkColor READ OkColor WRITE SetOkColor DESIGNABLE false STORED false)
     Q_PROPERTY(bool AddVisible READ AddVisible WRITE SetAddVisible)
     Q_PROPERTY(bool InsertVisible READ InsertVisible WRITE SetInsertVisible)
     Q_PROPERTY(bool DeleteVisible READ DeleteVisible WRITE SetDeleteVisible)
@@ -72,9 +77,32 @@ class KarvoListWidget : public QWidget {
     Q_PROPERTY(bool AutoAdd READ AutoAdd WRITE SetAutoAdd)
     Q_PROPERTY(bool AutoStartInputOnClick READ AutoStartInputOnClick WRITE SetAutoStartInputOnClick)
 
+    // Settings that a form file hands over in a way of their own.
+    Q_PROPERTY(QByteArray Columns READ Columns WRITE SetColumns)
+    Q_PROPERTY(QStringList Captions READ Captions WRITE SetCaptions)
+    Q_PROPERTY(QString StartTitle READ StartTitle WRITE SetStartTitle)
+    Q_PROPERTY(int StartRow READ StartRow WRITE SetStartRow)
+    Q_PROPERTY(double StartButtonsHeight READ StartButtonsHeight WRITE SetStartButtonsHeight)
+    Q_PROPERTY(int StartKeyAdd READ StartKeyAdd WRITE SetStartKeyAdd)
+    Q_PROPERTY(int StartKeyInsert READ StartKeyInsert WRITE SetStartKeyInsert)
+    Q_PROPERTY(int StartKeyDelete READ StartKeyDelete WRITE SetStartKeyDelete)
+    Q_PROPERTY(int StartKeyCopy READ StartKeyCopy WRITE SetStartKeyCopy)
+
 public:
+    /// A new control for a form that is made from a file. It opens nothing; it has the program's
+    /// default data layer and formatter until it is given its own.
+    explicit KarvoListWidget(QWidget* parent = nullptr);
+
+    /// Says that a form designer shows the control.
+    struct InDesigner {};
+
+    /// A new control on a form that is being designed: settings act on nothing there, the program's
+    /// title is not touched, and what is wrong with a setting is a warning that Qt Designer shows.
+    explicit KarvoListWidget(InDesigner in_designer, QWidget* parent = nullptr);
+
     /// A new control in its start-up state, 6000 by 3000 twips.
-    /// \param data_access, formatter  kept as long as the widget; not null
+    /// \param data_access, formatter  kept as long as the widget or until others are set; null: the
+    ///                                program's defaults
     KarvoListWidget(std::shared_ptr<platform::DataAccess> data_access,
                     std::shared_ptr<const platform::Formatter> formatter,
                     QWidget* parent = nullptr);
@@ -89,6 +117,19 @@ public:
     /// The typed face. Valid as long as the widget.
     KarvoList& list() noexcept;
     const KarvoList& list() const noexcept;
+
+    /// The data layer from the next `Refresh` on; null: the program's default.
+    void set_data_access(std::shared_ptr<platform::DataAccess> data_access);
+
+    /// The formatter from the next value on; null: the program's default.
+    void set_formatter(std::shared_ptr<const platform::Formatter> formatter);
+
+    /// The data layer of all controls that have none of their own, those that are there included;
+    /// null: none. A `Refresh` fails with 3706 then.
+    static void set_default_data_access(std::shared_ptr<platform::DataAccess> data_access);
+
+    /// The formatter of all controls that have none of their own; null: by the system's region.
+    static void set_default_formatter(std::shared_ptr<const platform::Formatter> formatter);
 
     /// Empty: errors are written to Qt's log as warnings.
     void set_error_handler(ErrorHandler handler);
@@ -196,6 +237,51 @@ public:
     bool AutoStartInputOnClick() const;
     void SetAutoStartInputOnClick(bool value);
 
+    // --- Form files ----------------------------------------------------------------------------
+
+    // A form file (.ui) keeps every setting that a property bag keeps: those that a host may put
+    // without acting under their own names, the others here. Each put of these is taken as a stored
+    // setting is: nothing is notified, no row is opened, no message shown; the control is laid out
+    // afterwards. Errors go to the error handler. They are for a control that is being made: but for
+    // `Captions` and `StartTitle` they read all settings anew, which ends the editing of a row.
+
+    /// The settings of the columns but their captions: a line a column, in it `ColWidth=1200` and
+    /// so on, as bag files write them, between blanks; a setting that is not there has the bag's
+    /// default. UTF-8, never empty, not for translators. An empty text is one new column.
+    QByteArray Columns() const;
+    /// A text with a fault: the columns before it are taken, the others are as those of a new
+    /// control, and error 321 names the line.
+    void SetColumns(const QByteArray& text);
+
+    /// The captions of the columns; for translators.
+    QStringList Captions() const;
+    /// A list that is too short leaves the other captions empty; what is too much is kept for
+    /// columns to come.
+    void SetCaptions(const QStringList& captions);
+
+    /// The program's title, which a put of `MsgTitle` leaves as it is.
+    QString StartTitle() const;
+    void SetStartTitle(const QString& title);
+
+    /// The current public row, -1 for none; the input line stays closed. A row that is not there yet
+    /// becomes current when `Rows` is put and it is.
+    int StartRow() const;
+    void SetStartRow(int row);
+
+    /// Height of the buttons in twips. A height of 0 comes back as 255, as from a bag.
+    double StartButtonsHeight() const;
+    void SetStartButtonsHeight(double twips);
+
+    /// Function keys, any code of 16 bits.
+    int StartKeyAdd() const;
+    void SetStartKeyAdd(int code);
+    int StartKeyInsert() const;
+    void SetStartKeyInsert(int code);
+    int StartKeyDelete() const;
+    void SetStartKeyDelete(int code);
+    int StartKeyCopy() const;
+    void SetStartKeyCopy(int code);
+
     /// The widget that gets the focus when the user leaves the input line; null for none. Not owned.
     /// Giving it the focus raises 91 once it is destroyed, 5 when it cannot take the focus: hidden,
     /// disabled, or without a focus policy.
@@ -261,6 +347,11 @@ private:
 
     void prepare(std::shared_ptr<platform::DataAccess> data_access,
                  std::shared_ptr<const platform::Formatter> formatter);
+    void start_new();
+    /// Takes a setting as a form file has it, by its key in a property bag.
+    void restore_setting(const char* key, const platform::Value& value) noexcept;
+    QStringList captions_now() const;
+    void go_to_awaited_row();
 
     /// Runs something on the list; errors go to the error handler.
     void guard(const std::function<void(KarvoList&)>& act) noexcept;
@@ -269,6 +360,9 @@ private:
 
     std::unique_ptr<EventSignals> event_signals_;
     std::unique_ptr<Rooms> rooms_;
+    QStringList kept_captions_; ///< of columns that are not there
+    int awaited_row_ = -1;      ///< to become current once there are so many rows; -1 for none
+    bool in_designer_ = false;
 };
 
 } // namespace krv::qt
