@@ -4,8 +4,9 @@
 #include "qt/grid_part.h"
 #include "qt/part_handle.h"
 #include "qt/surface.h"
-#include "server/not_yet.h"
 #include "server/qt_host_object.h"
+#include "server/qt_input_watch.h"
+#include "server/qt_page.h"
 #include "server/qt_person.h"
 
 #include "krv/qt/karvo_list_widget.h"
@@ -34,36 +35,6 @@ MessageAnswer fitting(MessageAnswer answer, MessageButtons buttons) {
     }
     return answer == MessageAnswer::yes ? MessageAnswer::yes : MessageAnswer::no;
 }
-
-/// What a person does in the window, beside what the controls notice by themselves, is followed by a
-/// turn as well.
-class InputWatch final : public QObject {
-public:
-    InputWatch(QWidget& window, std::shared_ptr<qt::FormLoop> loop)
-        : window_(window)
-        , loop_(std::move(loop)) {
-        qApp->installEventFilter(this);
-    }
-
-    bool eventFilter(QObject* receiver, QEvent* event) override {
-        const auto* const widget = qobject_cast<QWidget*>(receiver);
-        if (event->spontaneous() && is_input(*event) && widget != nullptr &&
-            widget->window() == &window_) {
-            QMetaObject::invokeMethod(
-                this, [loop = loop_] { loop->turn_by_event_loop(); }, Qt::QueuedConnection);
-        }
-        return false;
-    }
-
-private:
-    static bool is_input(const QEvent& event) {
-        return event.type() == QEvent::KeyPress || event.type() == QEvent::MouseButtonPress ||
-               event.type() == QEvent::MouseButtonRelease;
-    }
-
-    QWidget& window_;
-    std::shared_ptr<qt::FormLoop> loop_;
-};
 
 class QtServerForm;
 
@@ -135,7 +106,9 @@ public:
         return std::make_unique<QtFormControl>(*this, std::move(supplies), &bag);
     }
 
-    std::unique_ptr<FormPage> new_page(PageSupplies /*supplies*/) override { fail_not_yet(); }
+    std::unique_ptr<FormPage> new_page(PageSupplies supplies) override {
+        return make_qt_page(*this, std::move(supplies));
+    }
 
     platform::Application& application() override { return *this; }
 
@@ -209,7 +182,7 @@ private:
     qt::FormLoop::Hold hold_;
     std::unique_ptr<QWidget> window_;
     QLineEdit* outside_;
-    InputWatch input_watch_;
+    QtInputWatch input_watch_;
     QtPerson person_;
     std::vector<qt::KarvoListWidget*> widgets_;
     Ask ask_;
