@@ -18,6 +18,9 @@ endif()
 if(NOT KRV_WITH_ODBC)
     list(APPEND left_out_headers PATTERN "krv/providers/odbc*" EXCLUDE)
 endif()
+if(NOT KRV_WITH_JET)
+    list(APPEND left_out_headers PATTERN "krv/providers/jet*" EXCLUDE)
+endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/krv
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
     FILES_MATCHING PATTERN "*.h" ${left_out_headers})

@@ -2,22 +2,18 @@
 
 #include "errors.h"
 #include "krv/standard/data_error.h"
+#include "providers/jet/rc4.h"
 #include "standard/utf8.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numeric>
-#include <utility>
 #include <vector>
 
 namespace krv::jet_reader {
 
 namespace {
 
-using namespace std::string_view_literals;
-
-constexpr std::string_view header_key = "\xC7\xDA\x39\x6B"sv;
 constexpr std::size_t version_at = 0x14;
 constexpr std::size_t mask_at = 0x18;
 constexpr std::size_t jet3_mask_size = 126;
@@ -65,8 +61,9 @@ FileHeader::FileHeader(Bytes file)
     }
     std::vector<unsigned char> header(file.begin(),
                                       file.begin() + static_cast<std::ptrdiff_t>(page_size_));
-    apply_rc4(header_key,
-              std::span(header).subspan(mask_at, is_jet3() ? jet3_mask_size : jet4_mask_size));
+    providers::jet::apply_rc4(
+        providers::jet::header_key,
+        std::span(header).subspan(mask_at, is_jet3() ? jet3_mask_size : jet4_mask_size));
     password_ = is_jet3() ? jet3_password(header.data()) : jet4_password(header.data());
     is_encrypted_ = version_ >= static_cast<unsigned char>(JetVersion::accdb_2007) &&
                     load<std::uint16_t>(header.data() + encryption_info_at) != 0;
@@ -80,24 +77,6 @@ void FileHeader::require_access(std::string_view password) const {
     }
     if (!password_.empty() && password != password_) {
         throw standard::DataError(number::login_refused, "Not a valid password.", layer);
-    }
-}
-
-void apply_rc4(std::string_view key, std::span<unsigned char> data) {
-    std::array<unsigned char, 256> state{};
-    std::iota(state.begin(), state.end(), static_cast<unsigned char>(0));
-    unsigned char j = 0;
-    for (std::size_t i = 0; i < state.size(); ++i) {
-        j = static_cast<unsigned char>(j + state[i] +
-                                       static_cast<unsigned char>(key[i % key.size()]));
-        std::swap(state[i], state[j]);
-    }
-    unsigned char i = 0;
-    j = 0;
-    for (unsigned char& byte : data) {
-        j = static_cast<unsigned char>(j + state[++i]);
-        std::swap(state[i], state[j]);
-        byte ^= state[static_cast<unsigned char>(state[i] + state[j])];
     }
 }
 

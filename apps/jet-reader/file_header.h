@@ -40,7 +40,4 @@ private:
     std::string password_;
 };
 
-/// RC4: the same for masking and unmasking. Works in place.
-void apply_rc4(std::string_view key, std::span<unsigned char> data);
-
 } // namespace krv::jet_reader

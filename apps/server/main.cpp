@@ -9,6 +9,9 @@
 
 #include "krv/standard/ado.h"
 
+#ifdef KRV_HAS_JET
+#include "krv/providers/jet.h"
+#endif
 #ifdef KRV_HAS_ODBC
 #include "krv/providers/odbc.h"
 #endif
@@ -40,6 +43,9 @@ std::shared_ptr<platform::DataAccess> make_data_access() {
     standard::ProviderRegistry::Providers providers;
 #ifdef KRV_HAS_SQLITE
     providers.sqlite = providers::make_sqlite_provider();
+#endif
+#ifdef KRV_HAS_JET
+    providers.jet = providers::make_jet_provider();
 #endif
 #ifdef KRV_HAS_ODBC
     providers.odbc = providers::make_odbc_provider();
