@@ -16,6 +16,9 @@ public:
 
     // What the next recordset holds.
     std::vector<std::string> field_names;
+    /// Types and sizes of the fields; 12 and 0 for those without one.
+    std::vector<std::int16_t> field_types;
+    std::vector<std::int32_t> field_sizes;
     std::vector<std::vector<platform::Value>> records;
 
     bool connection_fails = false;
@@ -89,9 +92,13 @@ public:
 
     std::string_view Name() const override { return name_; }
 
-    std::int16_t Type() const override { return 12; }
+    std::int16_t Type() const override {
+        return column_ < data_.field_types.size() ? data_.field_types[column_] : std::int16_t{12};
+    }
 
-    std::int32_t DefinedSize() const override { return 0; }
+    std::int32_t DefinedSize() const override {
+        return column_ < data_.field_sizes.size() ? data_.field_sizes[column_] : 0;
+    }
 
     platform::ValueView Value() const override { return data_.records[record_][column_].view(); }
 
