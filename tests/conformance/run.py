@@ -20,7 +20,7 @@ sys.path[:0] = [str(HERE), str(HERE.parents[1] / "clients" / "python")]
 import krvlist  # noqa: E402
 from scenarios import ScenarioTest, Stage, scenarios_of  # noqa: E402
 
-NO_SCENARIOS = {"editable_list", "form", "harness_test", "run", "scenarios"}
+NO_SCENARIOS = {"editable_list", "form", "harness_test", "page_form", "run", "scenarios"}
 
 
 def all_modules() -> list:
