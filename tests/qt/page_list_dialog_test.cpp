@@ -78,7 +78,7 @@ TEST_F(PageDialog, apply_leaves_the_dialog_open) {
     press(QDialogButtonBox::Apply);
     EXPECT_EQ(result, -1);
     EXPECT_EQ(list().Caption(0), "Altro");
-    EXPECT_FALSE(dialog->has_edits());
+    EXPECT_FALSE(page().has_edits());
 }
 
 TEST_F(PageDialog, cancel_asks_once_when_something_would_be_lost) {

@@ -35,7 +35,7 @@ protected:
         });
         page->show();
         page->activateWindow();
-        page->page().SelectionChanged();
+        page->load();
         turn();
     }
 

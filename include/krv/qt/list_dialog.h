@@ -23,9 +23,6 @@ public:
 
     ListPreview& preview() noexcept { return *preview_; }
 
-    /// Whether the page would give the control something that was neither read from it nor applied.
-    bool has_edits() const;
-
     /// \return whether everything was applied. The dialog may be gone after a false.
     bool apply();
 
@@ -42,10 +39,8 @@ signals:
 private:
     void show_preview();
 
-    platform::PropertyPageSite& site_;
     PropertyPageWidget* page_;
     ListPreview* preview_;
-    PageDraft stored_; ///< as the control has it
 };
 
 } // namespace krv::qt

@@ -3,6 +3,7 @@
 #include "krv/platform/data_access.h"
 #include "krv/platform/formatter.h"
 #include "krv/platform/property_page_site.h"
+#include "krv/qt/message_handler.h"
 #include "krv/qt/page_draft.h"
 
 #include <QWidget>
@@ -31,8 +32,10 @@ public:
     /// Shows a page. A setting that the list refuses stays as it was.
     void show_draft(const PageDraft& draft);
 
+    /// Empty: messages of the list are shown in modal boxes.
+    void set_message_handler(MessageHandler handler);
+
     /// Shows the records of the source that the draft names, until the next `show_examples`.
-    /// Messages are those of `widget()`.
     /// \throws RuntimeError for a value that cannot be read or shown
     void load();
     void show_examples();
@@ -45,6 +48,7 @@ private:
 
     std::shared_ptr<const platform::Formatter> formatter_;
     KarvoListWidget* widget_;
+    MessageHandler message_handler_;
     PageDraft draft_;
     bool shows_records_ = false;
 };

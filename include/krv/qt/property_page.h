@@ -36,15 +36,22 @@ class PropertyPageWidget : public QWidget {
     Q_OBJECT
 
 public:
-    /// A page without a selection: `page().SelectionChanged()` fills it.
+    /// A page without a selection: `load` fills it.
     explicit PropertyPageWidget(PropertyPageSupplies supplies, QWidget* parent = nullptr);
     ~PropertyPageWidget() override;
 
     /// Valid as long as the widget.
     pKrvList& page() noexcept;
 
+    /// The selection changed: the page reads the site's first selected control.
+    /// \throws what `pKrvList::SelectionChanged` raises
+    void load();
+
     /// What stands on the page now.
     PageDraft draft() const;
+
+    /// Whether the page would give the control something that was neither loaded nor applied.
+    bool has_edits() const;
 
     /// The editor that has the focus loses it, and all that follows is delivered; what handlers let
     /// out goes to the error handler.
@@ -86,6 +93,7 @@ private:
     void plan_draft_change();
 
     std::unique_ptr<Rooms> rooms_;
+    PageDraft stored_; ///< as loaded or applied last
     bool change_is_planned_ = false;
 };
 

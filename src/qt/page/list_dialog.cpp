@@ -27,7 +27,6 @@ QWidget* framed(const QString& title, QWidget* content) {
 
 ListDialog::ListDialog(PropertyPageSupplies supplies, QWidget* parent)
     : QDialog(parent)
-    , site_(supplies.site)
     , page_(new PropertyPageWidget(supplies, this))
     , preview_(new ListPreview(nullptr, supplies.formatter, this)) {
     setWindowTitle(tr("KarvoList"));
@@ -37,6 +36,7 @@ ListDialog::ListDialog(PropertyPageSupplies supplies, QWidget* parent)
     halves->setStretchFactor(0, 0);
     halves->setStretchFactor(1, 1);
     halves->setChildrenCollapsible(false);
+    halves->setSizes({page_->minimumSizeHint().width(), start_size.width()});
     auto* const buttons = new QDialogButtonBox(
         QDialogButtonBox::Ok | QDialogButtonBox::Apply | QDialogButtonBox::Cancel, this);
     auto* const layout = new QVBoxLayout(this);
@@ -50,9 +50,8 @@ ListDialog::ListDialog(PropertyPageSupplies supplies, QWidget* parent)
         buttons->button(QDialogButtonBox::Apply), &QPushButton::clicked, this, [this] { apply(); });
     connect(page_, &PropertyPageWidget::draftChanged, this, &ListDialog::show_preview);
 
-    page_->page().SelectionChanged();
-    stored_ = page_->draft();
-    preview_->follow(*site_.SelectedControls(0));
+    page_->load();
+    preview_->follow(*supplies.site.SelectedControls(0));
     show_preview();
 }
 
@@ -60,15 +59,10 @@ void ListDialog::show_preview() {
     preview_->show_draft(page_->draft());
 }
 
-bool ListDialog::has_edits() const {
-    return !same_settings(page_->draft(), stored_);
-}
-
 bool ListDialog::apply() {
     if (!page_->apply()) {
         return false;
     }
-    stored_ = page_->draft();
     emit applied();
     return true;
 }
@@ -81,9 +75,10 @@ void ListDialog::accept() {
 
 void ListDialog::reject() {
     const QPointer<ListDialog> self = this;
-    if (has_edits() && page_->rooms().application.MsgBox(tr("discard changes?").toStdString(),
-                                                         platform::MessageButtons::yes_no) !=
-                           platform::MessageAnswer::yes) {
+    if (page_->has_edits() &&
+        page_->rooms().application.MsgBox(tr("discard changes?").toStdString(),
+                                          platform::MessageButtons::yes_no) !=
+            platform::MessageAnswer::yes) {
         return;
     }
     if (self) {

@@ -99,7 +99,12 @@ void ListPreview::follow(platform::AutomationObject& control) {
     for (const char* name : followed) {
         attempt([&] { own.Put(name, {}, control.Get(name, {})); });
     }
-    widget_->set_message_handler({});
+    widget_->set_message_handler(message_handler_);
+}
+
+void ListPreview::set_message_handler(MessageHandler handler) {
+    message_handler_ = std::move(handler);
+    widget_->set_message_handler(message_handler_);
 }
 
 void ListPreview::show_draft(const PageDraft& draft) {

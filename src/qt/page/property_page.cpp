@@ -84,6 +84,19 @@ pKrvList& PropertyPageWidget::page() noexcept {
     return *rooms_->page;
 }
 
+void PropertyPageWidget::load() {
+    const std::shared_ptr<Surface> surface = rooms_->surface;
+    const FormLoop::Activity activity(surface->loop());
+    page().SelectionChanged();
+    if (!surface->closed()) {
+        stored_ = draft();
+    }
+}
+
+bool PropertyPageWidget::has_edits() const {
+    return !same_settings(draft(), stored_);
+}
+
 PageDraft PropertyPageWidget::draft() const {
     return {rooms_->txtDataBaseName.Text(),
             rooms_->txRecordSource.Text(),
@@ -120,7 +133,13 @@ bool PropertyPageWidget::commit() {
 }
 
 bool PropertyPageWidget::apply() {
-    return commit_and([this] { page().ApplyChanges(); });
+    const std::shared_ptr<Surface> surface = rooms_->surface;
+    return commit_and([this, surface] {
+        page().ApplyChanges();
+        if (!surface->closed()) {
+            stored_ = draft();
+        }
+    });
 }
 
 bool PropertyPageWidget::commit_and(const std::function<void()>& act) {
