@@ -43,14 +43,21 @@ void choose_platform(const designer::Options& options) {
 }
 
 QPalette dark_palette() {
+    const QColor window(0x2b, 0x2b, 0x2b);
     const QColor text(0xe6, 0xe6, 0xe6);
-    QPalette palette(QColor(0x2b, 0x2b, 0x2b));
+    QPalette palette(text,
+                     window,
+                     window.lighter(150),
+                     window.darker(150),
+                     window.lighter(120),
+                     text,
+                     QColor(0x1e, 0x1e, 0x1e));
     for (const QPalette::ColorRole role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, text);
+        palette.setColor(QPalette::Active, role, text);
+        palette.setColor(QPalette::Inactive, role, text);
         palette.setColor(QPalette::Disabled, role, text.darker(170));
     }
-    palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
     palette.setColor(QPalette::Highlight, QColor(0x2a, 0x82, 0xda));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     return palette;

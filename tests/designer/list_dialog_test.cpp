@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QPixmap>
 #include <QTabBar>
@@ -42,7 +44,9 @@ void take_picture(QWidget& widget, const QString& name) {
 TEST(SampleDialog, builds_the_list_from_the_sample_database) {
     const Surroundings surroundings = make_surroundings();
     Document document(surroundings);
-    document.list().SetConnect(std::string("Provider=SQLite;Data Source=") + KRV_SAMPLE_DATABASE);
+    const QFileInfo sample(KRV_SAMPLE_DATABASE);
+    QDir::setCurrent(sample.path());
+    document.list().SetConnect("Provider=SQLite;Data Source=" + sample.fileName().toStdString());
     document.list().SetRecordsource("Ordini");
     qt::ListDialog dialog({document, surroundings.data_access, surroundings.formatter});
     std::vector<std::string> asked;
@@ -64,6 +68,20 @@ TEST(SampleDialog, builds_the_list_from_the_sample_database) {
     tabs.setFocus();
     QTest::keyClick(&tabs, Qt::Key_Home);
     EXPECT_EQ(tabs.currentIndex(), 0);
+    for (const int column : {3, 5}) {
+        QTest::keyClick(&tabs, Qt::Key_Home);
+        for (int step = 0; step < column; ++step) {
+            QTest::keyClick(&tabs, Qt::Key_Right);
+        }
+        auto& width = *dialog.page().findChild<QLineEdit*>("txtColWidth");
+        width.setFocus();
+        settle();
+        width.selectAll();
+        QTest::keyClicks(&width, "2100");
+        tabs.setFocus();
+        settle();
+    }
+    EXPECT_EQ(dialog.preview().widget().list().ColWidth(5), 2100);
     dialog.resize(1000, 560);
     take_picture(dialog, "property-page.png");
     dialog.accept();
