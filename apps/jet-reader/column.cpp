@@ -69,7 +69,7 @@ Column describe_column(const MdbColumn& raw, bool is_jet3) {
     Column column;
     std::string storage;
     column.info.name = standard::repaired_utf8(raw.name, storage);
-    column.place = raw.row_col_num;
+    column.place = raw.col_num;
     column.is_calculated = mdb_col_get_prop(&raw, "Expression") != nullptr;
     const char* const result =
         column.is_calculated ? mdb_col_get_prop(&raw, "ResultType") : nullptr;
