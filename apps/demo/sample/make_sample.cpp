@@ -50,7 +50,7 @@ void make_sample(const fs::path& target) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc != 2) {
+    if (argc != 2 || *argv[1] == '-' || *argv[1] == '\0') {
         std::cerr << "usage: krvlist-make-sample FILE.db\n";
         return EXIT_FAILURE;
     }
