@@ -175,8 +175,13 @@ void Parameters::set_date(Bound& bound, platform::Date date, Engine engine) {
     if (!text) {
         mismatch();
     }
-    if (engine != Engine::other) {
+    if (engine == Engine::sqlite) {
         return set_text(bound, *text);
+    }
+    if (engine != Engine::other) {
+        // A day without a time is no time of day to them.
+        const bool has_time = text->find(' ') != std::string::npos;
+        return set_text(bound, has_time ? *text : *text + " 00:00:00");
     }
     bound.timestamp = timestamp_of(*text);
     bound.c_type = SQL_C_TYPE_TIMESTAMP;

@@ -12,7 +12,7 @@ namespace {
 
 namespace field_type = standard::field_type;
 
-constexpr std::size_t most_rows = 256;
+constexpr std::size_t rows_of_a_block = 256;
 constexpr std::size_t most_bytes = 1U << 20;
 
 /// Longer values are fetched by themselves.
@@ -124,7 +124,7 @@ Block::Block(const StatementHandle& statement, const DriverTraits& traits)
             : traits.reads_long_in_rows ? Mode::rows
                                         : Mode::unbound) {
     describe(traits);
-    bind();
+    bind(fetches_many(traits) ? rows_of_a_block : 1);
 }
 
 void Block::describe(const DriverTraits& traits) {
@@ -145,13 +145,21 @@ void Block::describe(const DriverTraits& traits) {
     }
 }
 
-void Block::bind() {
+bool Block::fetches_many(const DriverTraits& traits) const {
+    const bool all_bound = std::all_of(
+        columns_.begin(), columns_.end(), [](const Column& column) { return column.is_bound; });
+    // SQLite's values may be longer than their columns.
+    return mode_ == Mode::blocks ||
+           (mode_ == Mode::rows && all_bound && traits.engine != Engine::sqlite &&
+            traits.engine != Engine::other);
+}
+
+void Block::bind(std::size_t most_rows) {
     std::size_t row_bytes = 1;
     for (const Column& column : columns_) {
         row_bytes += column.width + sizeof(SQLLEN);
     }
-    const std::size_t rows =
-        mode_ == Mode::blocks ? std::clamp<std::size_t>(most_bytes / row_bytes, 1, most_rows) : 1;
+    const std::size_t rows = std::clamp<std::size_t>(most_bytes / row_bytes, 1, most_rows);
     states_.resize(rows);
     const auto set = [&](SQLINTEGER attribute, SQLPOINTER value) {
         statement_.check(SQLSetStmtAttrW(statement_.get(), attribute, value, 0), Phase::running);
@@ -263,8 +271,7 @@ RawCell Block::long_cell(std::size_t column) {
                          Phase::running);
     }
     read_whole(column);
-    const Column& read = columns_[column];
-    return read.is_null ? RawCell{} : RawCell{read.whole.data(), read.whole.size()};
+    return columns_[column].whole_cell();
 }
 
 } // namespace krv::providers::odbc

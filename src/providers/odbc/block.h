@@ -41,7 +41,7 @@ public:
     RawCell cell(std::size_t column) {
         Column& asked = columns_[column];
         if (asked.whole_row == serial_ + row_) {
-            return asked.is_null ? RawCell{} : RawCell{asked.whole.data(), asked.whole.size()};
+            return asked.whole_cell();
         }
         const SQLLEN length = asked.lengths[row_];
         if (length == SQL_NULL_DATA) {
@@ -66,12 +66,21 @@ private:
         std::vector<std::byte> whole;
         std::uint64_t whole_row = 0;
         bool is_null = false;
+
+        RawCell whole_cell() const {
+            static constexpr std::byte nothing{};
+            if (is_null) {
+                return {};
+            }
+            return whole.empty() ? RawCell{&nothing, 0} : RawCell{whole.data(), whole.size()};
+        }
     };
 
     enum class Mode { blocks, rows, unbound };
 
     void describe(const DriverTraits& traits);
-    void bind();
+    bool fetches_many(const DriverTraits& traits) const;
+    void bind(std::size_t most_rows);
     bool fetch();
     void require_no_failed_row() const;
     void read_unbound_row();

@@ -41,12 +41,18 @@ std::optional<FullName> divided(const TableName& name, const DriverTraits& trait
     return result;
 }
 
+/// MariaDB's catalog cannot even be asked for such characters.
+bool is_beyond_the_basic_plane(char first_byte) {
+    return static_cast<unsigned char>(first_byte) >= 0xF0;
+}
+
 /// Drivers splice what they look for into texts of their own. Only what cannot leave those texts is
 /// handed to them; for anything else they list what they have.
 bool is_harmless(std::string_view text) {
     return std::none_of(text.begin(), text.end(), [](char c) {
         return static_cast<unsigned char>(c) < ' ' || c == '\'' || c == '"' || c == '\\' ||
-               c == '`' || c == '$' || c == '?' || c == '{' || c == 0x7F;
+               c == '`' || c == '$' || c == '?' || c == '{' || c == 0x7F ||
+               is_beyond_the_basic_plane(c);
     });
 }
 

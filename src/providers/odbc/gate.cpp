@@ -74,7 +74,10 @@ bool is_lost(std::string_view state) {
 
 std::int32_t number_of(const Diagnosis& diagnosis, Phase phase) {
     const std::string_view state = diagnosis.state;
-    if (state.starts_with("28")) {
+    // PostgreSQL's driver (13.02) has one state for whatever keeps it from connecting.
+    const bool is_refused = phase == Phase::connecting &&
+                            diagnosis.text.find("authentication failed") != std::string::npos;
+    if (state.starts_with("28") || is_refused) {
         return data_error_number::login_refused;
     }
     if (state == "HYT00" || state == "HYT01") {
@@ -92,8 +95,9 @@ std::int32_t number_of(const Diagnosis& diagnosis, Phase phase) {
     if (state.starts_with("42") || state == "37000") {
         return data_error_number::bad_statement;
     }
-    if (phase == Phase::preparing) {
-        // SQLite's driver has no states of its own.
+    // SQLite's driver has no states of its own, and may look at a text when it runs only.
+    const bool is_bad_sqlite = diagnosis.native_code == 1 && diagnosis.text.starts_with("[SQLite]");
+    if (phase == Phase::preparing || is_bad_sqlite) {
         const bool no_table = diagnosis.text.find("no such table: ") != std::string::npos;
         return no_table ? data_error_number::no_such_table : data_error_number::bad_statement;
     }

@@ -1,7 +1,6 @@
 #include "providers/odbc/session.h"
 
 #include "providers/odbc/cursor.h"
-#include "providers/odbc/driver_manager.h"
 #include "standard/ascii.h"
 
 #include <array>
@@ -29,57 +28,15 @@ SQLPOINTER as_pointer(SQLULEN value) {
 } // namespace
 
 Session::Session(const OdbcSettings& settings)
-    : environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
-    const SQLHANDLE environment = environment_.get();
-    environment_.check(
-        SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, as_pointer(SQL_OV_ODBC3), 0),
-        Phase::connecting);
-    connection_ = ConnectionHandle(SQL_HANDLE_ENV, environment);
-    connect(settings);
-    try {
-        learn_traits();
-    } catch (...) {
-        ignore(SQLDisconnect(connection_.get()));
-        throw;
-    }
+    : link_(Link::connected(settings)) {
+    traits_.is_narrow = link_->is_narrow();
+    learn_traits();
 }
 
 Session::~Session() {
     if (in_transaction_) {
-        ignore(SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK));
+        ignore(SQLEndTran(SQL_HANDLE_DBC, link_->get(), SQL_ROLLBACK));
     }
-    ignore(SQLDisconnect(connection_.get()));
-}
-
-void Session::connect(const OdbcSettings& settings) {
-    const SQLHANDLE connection = connection_.get();
-    // A driver that knows no timeout may say so.
-    ignore(SQLSetConnectAttrW(
-        connection, SQL_ATTR_LOGIN_TIMEOUT, as_pointer(settings.login_timeout_s), 0));
-    traits_.is_narrow = has_narrow_texts_only(settings.library);
-    if (traits_.is_narrow) {
-        connection_.check(
-            SQLDriverConnect(connection,
-                             nullptr,
-                             as_sql(settings.connection_string),
-                             static_cast<SQLSMALLINT>(settings.connection_string.size()),
-                             nullptr,
-                             0,
-                             nullptr,
-                             SQL_DRIVER_NOPROMPT),
-            Phase::connecting);
-        return;
-    }
-    const std::u16string text = wide_text(settings.connection_string);
-    connection_.check(SQLDriverConnectW(connection,
-                                        nullptr,
-                                        as_sql(text),
-                                        static_cast<SQLSMALLINT>(text.size()),
-                                        nullptr,
-                                        0,
-                                        nullptr,
-                                        SQL_DRIVER_NOPROMPT),
-                      Phase::connecting);
 }
 
 void Session::learn_traits() {
@@ -94,8 +51,8 @@ void Session::learn_traits() {
     const auto can = [&](SQLUINTEGER what) { return (extensions & what) == what; };
     traits_.reads_long_in_rows = can(SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER | SQL_GD_BOUND);
     // MariaDB's driver (3.1.15) has only the last row of a block when it streams.
-    traits_.reads_long_in_blocks = traits_.reads_long_in_rows && can(SQL_GD_BLOCK) &&
-                                   traits_.engine != Engine::mariadb;
+    traits_.reads_long_in_blocks =
+        traits_.reads_long_in_rows && can(SQL_GD_BLOCK) && traits_.engine != Engine::mariadb;
     if (traits_.engine == Engine::postgresql) {
         // Where texts end must not depend on the server's settings.
         run("SET standard_conforming_strings = on");
@@ -105,7 +62,7 @@ void Session::learn_traits() {
 std::string Session::info(SQLUSMALLINT what) const {
     std::array<char16_t, 256> text{};
     SQLSMALLINT length = 0;
-    if (!SQL_SUCCEEDED(SQLGetInfoW(connection_.get(),
+    if (!SQL_SUCCEEDED(SQLGetInfoW(link_->get(),
                                    what,
                                    text.data(),
                                    static_cast<SQLSMALLINT>(sizeof text - sizeof text[0]),
@@ -117,13 +74,13 @@ std::string Session::info(SQLUSMALLINT what) const {
 
 SQLUINTEGER Session::info_number(SQLUSMALLINT what) const {
     SQLUINTEGER value = 0;
-    ignore(SQLGetInfoW(connection_.get(), what, &value, sizeof value, nullptr));
+    ignore(SQLGetInfoW(link_->get(), what, &value, sizeof value, nullptr));
     return value;
 }
 
 SQLUSMALLINT Session::info_short(SQLUSMALLINT what) const {
     SQLUSMALLINT value = 0;
-    ignore(SQLGetInfoW(connection_.get(), what, &value, sizeof value, nullptr));
+    ignore(SQLGetInfoW(link_->get(), what, &value, sizeof value, nullptr));
     return value;
 }
 
@@ -131,7 +88,7 @@ StatementHandle Session::new_statement() {
     if (active_ != nullptr) {
         active_->read_ahead();
     }
-    return StatementHandle(SQL_HANDLE_DBC, connection_.get());
+    return StatementHandle(SQL_HANDLE_DBC, link_->get());
 }
 
 void Session::grant(Rights rights) {
@@ -185,11 +142,11 @@ void Session::execute(const StatementHandle& statement, std::string_view sql) co
 }
 
 void Session::set_autocommit(bool on) {
-    connection_.check(SQLSetConnectAttrW(connection_.get(),
-                                         SQL_ATTR_AUTOCOMMIT,
-                                         as_pointer(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF),
-                                         SQL_IS_UINTEGER),
-                      Phase::running);
+    link_->check(SQLSetConnectAttrW(link_->get(),
+                                    SQL_ATTR_AUTOCOMMIT,
+                                    as_pointer(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF),
+                                    SQL_IS_UINTEGER),
+                 Phase::running);
 }
 
 void Session::begin() {
@@ -205,8 +162,8 @@ void Session::end(SQLSMALLINT completion) {
     if (active_ != nullptr) {
         active_->read_ahead();
     }
-    const SQLRETURN code = SQLEndTran(SQL_HANDLE_DBC, connection_.get(), completion);
-    connection_.check(code, Phase::running);
+    const SQLRETURN code = SQLEndTran(SQL_HANDLE_DBC, link_->get(), completion);
+    link_->check(code, Phase::running);
     in_transaction_ = false;
     set_autocommit(true);
 }

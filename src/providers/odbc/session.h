@@ -1,7 +1,6 @@
 #pragma once
 
-#include "providers/odbc/gate.h"
-#include "providers/odbc/settings.h"
+#include "providers/odbc/link.h"
 #include "providers/odbc/statement_text.h"
 
 #include <memory>
@@ -63,18 +62,15 @@ public:
     Cursor* active() const noexcept { return active_; }
 
 private:
-    void connect(const OdbcSettings& settings);
     void set_autocommit(bool on);
     std::string info(SQLUSMALLINT what) const;
     SQLUINTEGER info_number(SQLUSMALLINT what) const;
     SQLUSMALLINT info_short(SQLUSMALLINT what) const;
     void learn_traits();
 
-    EnvironmentHandle environment_;
-    ConnectionHandle connection_;
+    std::shared_ptr<Link> link_;
     DriverTraits traits_;
     Rights rights_ = Rights::all;
-    bool is_connected_ = false;
     bool in_transaction_ = false;
     Cursor* active_ = nullptr;
 };

@@ -23,6 +23,9 @@ constexpr unsigned default_login_timeout_s = 15;
 constexpr std::size_t longest_string = 8000;
 constexpr std::size_t longest_value = 4000;
 
+/// The driver manager (unixODBC 2.3.11) writes longer ones beyond its own buffer.
+constexpr std::size_t longest_driver = 1000;
+
 [[noreturn]] void malformed(const std::string& text) {
     throw standard::DataError(
         standard::data_error_number::malformed_connection_string, text, layer);
@@ -103,7 +106,10 @@ void require_usable(const ConnectionString::Pair& pair) {
     if (pair.value.find('\0') != std::string::npos) {
         malformed("A value of the connection string holds a NUL character.");
     }
-    if (pair.value.size() > longest_value || pair.keyword.size() > longest_value) {
+    const bool names_driver =
+        same_keyword(pair.keyword, "DRIVER") || same_keyword(pair.keyword, "DSN");
+    if (pair.value.size() > (names_driver ? longest_driver : longest_value) ||
+        pair.keyword.size() > longest_value) {
         malformed("The connection string is too long.");
     }
     // Those would put passwords into files, or take a connection string out of one.

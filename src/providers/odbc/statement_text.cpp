@@ -180,6 +180,20 @@ bool is_sign(const Token& token, char sign) {
     return token.kind == TokenKind::sign && token.text.front() == sign;
 }
 
+/// Triggers and functions hold statements of their own.
+bool makes_a_routine(std::string_view sql, Engine engine) {
+    Scanner scanner(sql, engine);
+    Token token = scanner.next();
+    if (!is_any_of(token.text, {"CREATE"})) {
+        return false;
+    }
+    while (token.kind != TokenKind::end && !is_any_of(token.text, {"BEGIN"}) &&
+           !is_sign(token, ';')) {
+        token = scanner.next();
+    }
+    return token.kind == TokenKind::word;
+}
+
 [[noreturn]] void refuse(const char* text) {
     throw standard::DataError(standard::data_error_number::bad_statement, text, layer);
 }
@@ -187,6 +201,9 @@ bool is_sign(const Token& token, char sign) {
 } // namespace
 
 std::string_view single_statement(std::string_view sql, Engine engine) {
+    if (makes_a_routine(sql, engine)) {
+        return sql;
+    }
     Scanner scanner(sql, engine);
     std::size_t end = 0;
     bool is_closed = false;

@@ -8,7 +8,8 @@ namespace krv::providers::odbc {
 /// Engines whose ways are known.
 enum class Engine { other, postgresql, mariadb, sqlite };
 
-/// Cuts blanks, comments and semicolons behind the first statement.
+/// Cuts blanks, comments and semicolons behind the first statement. The making of a trigger or
+/// function with statements of its own is one.
 /// \throws DataError -2147217900 when there is no statement, or a second one
 std::string_view single_statement(std::string_view sql, Engine engine);
 
