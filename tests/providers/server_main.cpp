@@ -1,0 +1,69 @@
+// The servers' passwords must not leave connection strings: all that the program prints is held
+// back and searched before it is shown.
+
+#include "providers/servers/database_server.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <iostream>
+#include <string>
+
+namespace {
+
+using krv::testing::canary_password;
+
+/// What is printed goes to a file while this lives.
+class HeldOutput {
+public:
+    HeldOutput() {
+        file_ = open(folder_.file("output").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+        for (int i = 0; i < 2; ++i) {
+            kept_[i] = dup(i + 1);
+            dup2(file_, i + 1);
+        }
+    }
+
+    HeldOutput(const HeldOutput&) = delete;
+    HeldOutput& operator=(const HeldOutput&) = delete;
+
+    ~HeldOutput() { close(file_); }
+
+    std::string end() {
+        std::cout.flush();
+        std::cerr.flush();
+        std::fflush(nullptr);
+        for (int i = 0; i < 2; ++i) {
+            dup2(kept_[i], i + 1);
+        }
+        return krv::testing::read_file(folder_.file("output"));
+    }
+
+private:
+    krv::testing::TemporaryFolder folder_;
+    int file_ = -1;
+    int kept_[2] = {-1, -1};
+};
+
+bool holds_password(const std::string& text) {
+    // Its part before the first character that anybody might quote.
+    return text.find(canary_password.substr(0, canary_password.find(';'))) != std::string::npos;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    HeldOutput held;
+    int result = RUN_ALL_TESTS();
+    krv::testing::end_servers();
+    const std::string printed = held.end();
+    std::cout << printed;
+    if (holds_password(printed)) {
+        std::cout << "[  FAILED  ] a password was printed\n";
+        result = 1;
+    }
+    return result;
+}
