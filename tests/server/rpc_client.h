@@ -137,6 +137,8 @@ public:
     std::map<std::string, std::function<Json(const Json&)>> handlers;
     /// Answers message boxes.
     std::function<Json(const Json&)> on_message = [](const Json&) { return Json("ok"); };
+    /// Answers file dialogs.
+    std::function<Json(const Json&)> on_file = [](const Json&) { return Json(); };
 
 private:
     void fill() {
@@ -157,6 +159,15 @@ private:
         const Json& params = message.at("params");
         if (method == "propertyChanged") {
             log.push_back("=" + params.at("name").get<std::string>());
+            return;
+        }
+        if (method == "pageChanged") {
+            log.push_back("=page");
+            return;
+        }
+        if (method == "openfile") {
+            log.push_back(params.dump());
+            answer(message, on_file(params));
             return;
         }
         if (method == "message") {

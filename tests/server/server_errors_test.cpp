@@ -101,19 +101,6 @@ TEST_F(ServerTest, a_second_control_of_an_id_fails_with_457) {
     EXPECT_EQ(error_of("control.new", {{"id", "L1"}}), 457);
 }
 
-TEST_F(ServerTest, what_the_control_cannot_do_yet_says_so) {
-    make_control();
-    for (const char* const method : {"control.load", "control.save", "page.open", "page.apply"}) {
-        try {
-            request(method, {{"id", "L1"}});
-            FAIL() << method;
-        } catch (const testing::Fault& fault) {
-            EXPECT_EQ(fault.code(), -32000);
-            EXPECT_EQ(fault.error.at("message"), "not yet");
-        }
-    }
-}
-
 TEST_F(ServerTest, unknown_data_is_refused_as_the_data_layer_does) {
     EXPECT_EQ(error_of("data.state", {{"object", "rs1"}}), 424);
     request("host.object", {{"name", "uno"}, {"focusable", false}});
