@@ -1,4 +1,4 @@
-// A list on the orders of the sample shop, or on any table or query of a SQLite database.
+// A list on the orders of the sample shop, or on any table or query of a SQLite or Jet database.
 
 #include "demo_window.h"
 #include "options.h"
@@ -83,6 +83,9 @@ int run(const QApplication& application, const demo::Options& options) {
         options, works_on_copy ? demo::working_copy(KRV_SAMPLE_DATABASE) : KRV_SAMPLE_DATABASE);
     if (!options.stores()) {
         source.table.clear();
+    } else if (source.is_jet) {
+        std::cerr << "krvlist-demo: " << source.database
+                  << " is a Jet database; it is shown, and nothing is stored in it\n";
     }
     demo::DemoWindow window(source);
     if (options.size) {

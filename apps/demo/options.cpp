@@ -99,10 +99,10 @@ QString usage() {
     return R"(usage: krvlist-demo [options] [FILE SOURCE]
 
 Shows a table or query of a database in a list: the orders of the sample shop, or SOURCE (the name
-of a table or view, or a query) of the SQLite database FILE.
+of a table or view, or a query) of the database FILE, which is of SQLite or of Jet (.mdb, .accdb).
 
 Rows that are confirmed or deleted are stored: those of the sample in a copy of its own, those of
-FILE where SOURCE is a table with a primary key.
+FILE where SOURCE is a table of SQLite with a primary key. Jet databases are only read.
 
   --read-only            store nothing
   --screenshot FILE.png  write a picture of the window and end

@@ -3,6 +3,9 @@
 #include "options.h"
 
 #include "krv/platform/error.h"
+#ifdef KRV_HAS_JET
+#include "krv/providers/jet.h"
+#endif
 #include "krv/providers/sqlite.h"
 #include "krv/standard/ado.h"
 #include "krv/standard/provider_registry.h"
@@ -10,6 +13,7 @@
 #include "krv/standard/value_formatter.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -19,8 +23,13 @@ namespace krv::demo {
 namespace {
 
 std::shared_ptr<platform::DataAccess> make_data_access() {
-    return std::make_shared<standard::AdoDataAccess>(std::make_shared<standard::ProviderRegistry>(
-        standard::ProviderRegistry::Providers{providers::make_sqlite_provider(), {}, {}}));
+    standard::ProviderRegistry::Providers providers;
+    providers.sqlite = providers::make_sqlite_provider();
+#ifdef KRV_HAS_JET
+    providers.jet = providers::make_jet_provider();
+#endif
+    return std::make_shared<standard::AdoDataAccess>(
+        std::make_shared<standard::ProviderRegistry>(std::move(providers)));
 }
 
 std::string existing_file(const QString& path) {
@@ -32,8 +41,16 @@ std::string existing_file(const QString& path) {
     return file.absoluteFilePath().toStdString();
 }
 
-std::string connection_string(const std::string& database) {
-    std::string quoted = "Provider=SQLite;Data Source=\"";
+/// Jet files say what they are behind their first four bytes, whatever their name ends with.
+bool is_jet(const std::string& database) {
+    QFile file(QString::fromStdString(database));
+    const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(19).mid(4) : QByteArray();
+    return head == "Standard Jet DB" || head == "Standard ACE DB";
+}
+
+std::string connection_string(const std::string& database, bool jet) {
+    std::string quoted = jet ? "Provider=Microsoft.Jet.OLEDB.4.0" : "Provider=SQLite";
+    quoted += ";Data Source=\"";
     for (const char c : database) {
         quoted.append(c == '"' ? 2 : 1, c);
     }
@@ -103,16 +120,18 @@ Source find_source(const Options& options, const std::string& sample) {
     } else {
         source.database = existing_file(options.file);
         source.records = options.source.toStdString();
+        source.is_jet = is_jet(source.database);
         const auto connection = source.data_access->CreateConnection();
-        connection->Open(connection_string(source.database), "", "", platform::ado::unspecified);
+        connection->Open(
+            connection_string(source.database, source.is_jet), "", "", platform::ado::unspecified);
         source.columns = columns_of(*source.data_access, connection, source.records);
-        source.table = mark_primary_key(*connection, source.records, source.columns)
-                           ? source.records
-                           : std::string();
+        if (!source.is_jet && mark_primary_key(*connection, source.records, source.columns)) {
+            source.table = source.records;
+        }
         connection->Close();
         settings = standard::system_regional_settings();
     }
-    source.connect = connection_string(source.database);
+    source.connect = connection_string(source.database, source.is_jet);
     source.region = settings.name;
     source.formatter = std::make_shared<standard::ValueFormatter>(std::move(settings));
     return source;

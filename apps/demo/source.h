@@ -19,6 +19,7 @@ struct Source {
     std::string connect;  ///< connection string for it, whatever characters the path holds
     std::string records;  ///< table or query
     std::string table;    ///< that the rows can be stored in; empty for none
+    bool is_jet = false;  ///< a Jet database, which is only read
     std::string region;   ///< name of the regional settings
     std::vector<ColumnPlan> columns;
     std::shared_ptr<platform::DataAccess> data_access;

@@ -40,12 +40,12 @@ void limit_resources(std::size_t mapped_size) {
     static_cast<void>(mapped_size); // the sanitizer maps terabytes for itself
 #else
     limit(RLIMIT_AS, memory_limit + mapped_size);
+    limit(RLIMIT_NOFILE, 0);
 #endif
     limit(RLIMIT_CPU, seconds_limit);
     limit(RLIMIT_FSIZE, 0);
     limit(RLIMIT_CORE, 0);
     limit(RLIMIT_NPROC, 0);
-    limit(RLIMIT_NOFILE, 0);
 }
 
 /// The system calls that may be made.
@@ -123,6 +123,10 @@ void load_filter() {
          {protocol::channel_descriptor, STDOUT_FILENO, protocol::complaints_descriptor}) {
         filter.allow_if(SCMP_SYS(write), is_number(0, static_cast<scmp_datum_t>(output)));
     }
+#ifdef __SANITIZE_ADDRESS__
+    // The sanitizers find out by means of a pipe whether memory can be read.
+    filter.allow({SCMP_SYS(pipe), SCMP_SYS(pipe2), SCMP_SYS(write), SCMP_SYS(close)});
+#endif
     // How `abort` ends this process.
     filter.allow_if(SCMP_SYS(tgkill), is_number(0, static_cast<scmp_datum_t>(getpid())));
     filter.fail({SCMP_SYS(fstat), SCMP_SYS(newfstatat), SCMP_SYS(ioctl), SCMP_SYS(lseek)});
