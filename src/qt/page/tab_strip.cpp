@@ -37,86 +37,46 @@ QSize TabWidget::minimumSizeHint() const {
     return {8 * side, count() > 0 ? QTabBar::sizeHint().height() : 2 * side};
 }
 
-/// Texts of one length are about equally wide, and measuring each tab again at every change would
-/// take long with hundreds of them.
-QSize TabWidget::tabSizeHint(int index) const {
-    const qsizetype length = tabText(index).size();
-    if (measured_length_ != length || measured_font_ != font()) {
-        measured_length_ = length;
-        measured_font_ = font();
-        measured_ = QTabBar::tabSizeHint(index);
-        measured_.rwidth() += fontMetrics().averageCharWidth();
-    }
-    return measured_;
-}
-
-/// A tab bar lays out all its tabs at every tab that comes or goes while it is visible: with
-/// thousands of columns that would take minutes.
-template <class Act>
-void TabWidget::change_tabs(Act act) {
-    const bool visible = isVisible();
-    setAttribute(Qt::WA_WState_Visible, false);
-    act();
-    setAttribute(Qt::WA_WState_Visible, visible);
-    if (visible && !std::exchange(layout_is_planned_, true)) {
-        QMetaObject::invokeMethod(
-            this, [this] { lay_out(); }, Qt::QueuedConnection);
-    }
-}
-
-void TabWidget::lay_out() {
-    layout_is_planned_ = false;
-    setElideMode(elideMode()); // lays out anew
-}
-
 bool TabWidget::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip || !tip_) {
-        return Gated::event(event);
+    if (event->type() == QEvent::ToolTip && show_tip(static_cast<QHelpEvent&>(*event))) {
+        return true;
     }
-    const auto& help = static_cast<QHelpEvent&>(*event);
-    const int index = tabAt(help.pos());
-    const QString tip = index < 0 ? QString() : tip_(index);
-    if (tip.isEmpty()) {
-        return Gated::event(event);
+    return Gated::event(event);
+}
+
+bool TabWidget::show_tip(const QHelpEvent& event) {
+    const int shown = tabAt(event.pos());
+    const QString tip = shown < 0 || !tip_ ? QString() : tip_(strip_.first_shown_ + shown);
+    if (!tip.isEmpty()) {
+        QToolTip::showText(event.globalPos(), tip, this, tabRect(shown));
     }
-    QToolTip::showText(help.globalPos(), tip, this, tabRect(index));
-    return true;
+    return !tip.isEmpty();
 }
 
 void TabWidget::mousePressEvent(QMouseEvent* event) {
-    const int index = event->button() == Qt::LeftButton ? tabAt(event->position().toPoint()) : -1;
+    const int shown = event->button() == Qt::LeftButton ? tabAt(event->position().toPoint()) : -1;
     {
-        const bool outer = std::exchange(strip_.assigning_, true);
+        const bool outer = std::exchange(strip_.is_showing_, true);
         QTabBar::mousePressEvent(event);
-        strip_.assigning_ = outer;
+        strip_.is_showing_ = outer;
     }
-    if (index >= 0) {
-        strip_.choose(index);
-    }
-}
-
-int TabWidget::target_of(int key) const {
-    switch (key) {
-    case Qt::Key_Home:
-        return 0;
-    case Qt::Key_End:
-        return count() - 1;
-    case Qt::Key_PageUp:
-        return std::max(currentIndex() - page_of_tabs, 0);
-    case Qt::Key_PageDown:
-        return std::min(currentIndex() + page_of_tabs, count() - 1);
-    default:
-        return -1;
+    if (shown >= 0) {
+        strip_.choose_shown(shown);
     }
 }
 
 void TabWidget::keyPressEvent(QKeyEvent* event) {
-    const int target = count() > 0 ? target_of(event->key()) : -1;
+    strip_.show_tabs();
+    const int target = strip_.target_of(event->key());
     if (target < 0) {
         QTabBar::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    if (const int shown = target - strip_.first_shown_; shown >= 0 && shown < count()) {
+        setCurrentIndex(shown);
     } else {
-        event->accept();
-        setCurrentIndex(target);
+        strip_.choose(target);
     }
 }
 
@@ -132,9 +92,9 @@ QtTabStrip::QtTabStrip(Surface& surface, std::string name)
     : QtEditor(surface, std::move(name))
     , tabs_(new TabWidget(*this, &surface.root())) {
     adopt(tabs_);
-    QObject::connect(tabs_, &QTabBar::currentChanged, tabs_, [this] {
-        if (!assigning_) {
-            tell_of_person(&platform::EditorEvents::Click);
+    QObject::connect(tabs_, &QTabBar::currentChanged, tabs_, [this](int shown) {
+        if (!is_showing_) {
+            choose_shown(shown);
         }
     });
 }
@@ -145,51 +105,45 @@ void QtTabStrip::require(std::int32_t index) const {
     }
 }
 
-void QtTabStrip::select(int position) {
-    const bool outer = std::exchange(assigning_, true);
-    tabs_->setCurrentIndex(position);
-    assigning_ = outer;
-}
-
 void QtTabStrip::Add(std::string_view caption) {
-    const bool outer = std::exchange(assigning_, true);
-    // An ampersand is a plain character here, not the mark of a shortcut.
-    const QString text = qt_text(caption).replace(QLatin1Char('&'), QLatin1String("&&"));
-    tabs_->change_tabs([&] { tabs_->addTab(text); });
-    assigning_ = outer;
+    captions_.emplace_back(caption);
+    selected_ = std::max(selected_, 0);
+    plan_showing();
     touched();
 }
 
 void QtTabStrip::Remove(std::int32_t index) {
     require(index);
-    const bool outer = std::exchange(assigning_, true);
-    const bool was_selected = index == SelectedIndex();
-    tabs_->change_tabs([&] {
-        tabs_->removeTab(index - 1);
-        if (was_selected) {
-            tabs_->setCurrentIndex(tabs_->count() - 1);
-        }
-    });
-    assigning_ = outer;
+    captions_.erase(captions_.begin() + (index - 1));
+    if (index == SelectedIndex()) {
+        selected_ = Count() - 1;
+    } else if (index < SelectedIndex()) {
+        --selected_;
+    }
+    plan_showing();
     touched();
 }
 
 void QtTabStrip::Clear() {
-    while (Count() > 0) {
-        Remove(Count());
-    }
+    captions_.clear();
+    selected_ = -1;
+    plan_showing();
+    touched();
 }
 
 std::string QtTabStrip::Caption(std::int32_t index) const {
     require(index);
-    return tabs_->tabText(index - 1).replace(QLatin1String("&&"), QLatin1String("&")).toStdString();
+    return captions_[static_cast<std::size_t>(index - 1)];
 }
 
 void QtTabStrip::SetSelectedIndex(std::int32_t index) {
     require(index);
-    select(index - 1);
+    selected_ = index - 1;
+    plan_showing();
     tell(&platform::EditorEvents::Click);
 }
+
+// What a person does
 
 void QtTabStrip::click(std::int32_t index) {
     if (is_enabled()) {
@@ -199,8 +153,67 @@ void QtTabStrip::click(std::int32_t index) {
 }
 
 void QtTabStrip::choose(int position) {
-    select(position);
+    selected_ = position;
+    plan_showing();
     tell_of_person(&platform::EditorEvents::Click);
+}
+
+void QtTabStrip::choose_shown(int shown_position) {
+    // The tab bar may still show tabs that are gone.
+    if (shown_position >= 0 && first_shown_ + shown_position < Count()) {
+        choose(first_shown_ + shown_position);
+    }
+}
+
+int QtTabStrip::target_of(int key) const {
+    switch (key) {
+    case Qt::Key_Home:
+        return std::min(0, selected_);
+    case Qt::Key_End:
+        return Count() - 1;
+    case Qt::Key_PageUp:
+        return selected_ < 0 ? -1 : std::max(selected_ - page_of_tabs, 0);
+    case Qt::Key_PageDown:
+        return std::min(selected_ + page_of_tabs, Count() - 1);
+    default:
+        return -1;
+    }
+}
+
+// What the tab bar shows
+
+void QtTabStrip::plan_showing() {
+    if (!std::exchange(showing_is_planned_, true)) {
+        QMetaObject::invokeMethod(
+            tabs_, [this] { show_tabs(); }, Qt::QueuedConnection);
+    }
+}
+
+void QtTabStrip::show_tabs() {
+    if (!std::exchange(showing_is_planned_, false)) {
+        return;
+    }
+    const int shown = std::min(Count(), most_shown);
+    if (selected_ <= first_shown_ || selected_ + 1 >= first_shown_ + shown) {
+        first_shown_ = selected_ - shown / 2;
+    }
+    first_shown_ = std::clamp(first_shown_, 0, Count() - shown);
+    const bool outer = std::exchange(is_showing_, true);
+    while (tabs_->count() > shown) {
+        tabs_->removeTab(tabs_->count() - 1);
+    }
+    for (int i = 0; i < shown; ++i) {
+        // An ampersand is a plain character here, not the mark of a shortcut.
+        const QString text = qt_text(captions_[static_cast<std::size_t>(first_shown_ + i)])
+                                 .replace(QLatin1Char('&'), QLatin1String("&&"));
+        if (i == tabs_->count()) {
+            tabs_->addTab(text);
+        } else if (tabs_->tabText(i) != text) {
+            tabs_->setTabText(i, text);
+        }
+    }
+    tabs_->setCurrentIndex(selected_ - first_shown_);
+    is_showing_ = outer;
 }
 
 } // namespace krv::qt
