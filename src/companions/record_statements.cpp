@@ -48,7 +48,9 @@ Statement RecordStatements::insert(const FieldValues& values,
         statement.parameters.push_back(field.value);
     }
     statement.sql = "INSERT INTO " + table_;
-    statement.sql += values.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")";
+    // Engines with backticks do not know DEFAULT VALUES, all others no empty lists.
+    const bool is_plain = values.empty() && quotes_ != NameQuotes::backticks;
+    statement.sql += is_plain ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")";
     std::string yielded;
     for (const TableColumn* column : given) {
         add(yielded, ", ", name(column->field));

@@ -44,6 +44,11 @@ TEST(RecordStatements, insert_asks_for_the_given_fields) {
               R"(INSERT INTO "t" DEFAULT VALUES RETURNING "id")");
 }
 
+TEST(RecordStatements, engines_with_backticks_have_their_own_record_of_defaults) {
+    const RecordStatements statements({.table = "t", .quotes = NameQuotes::backticks});
+    EXPECT_EQ(statements.insert({}, {&key}).sql, "INSERT INTO `t` () VALUES () RETURNING `id`");
+}
+
 TEST(RecordStatements, Null_in_a_key_is_asked_for_and_not_compared) {
     const RecordStatements statements({.table = "t"});
     const Statement select = statements.select({key}, {{&key, null}, {&name, null}});
