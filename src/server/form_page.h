@@ -13,7 +13,8 @@
 
 namespace krv::server {
 
-/// The property page as a form shows it, with its editors.
+/// The property page as a form shows it, with its editors. Goes when its owner lets go of it, which is
+/// allowed inside anything that the page does.
 class FormPage {
 public:
     virtual ~FormPage() = default;
