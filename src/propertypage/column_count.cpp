@@ -80,9 +80,9 @@ void ColumnCount::check_line_number_column() {
     if (formatter.Val(page_.editors.txtCols.Text()) - 1 >= formatter.Val(box.Text())) {
         return;
     }
-    const platform::LifeWatch watch(page_.life);
+    const SameSelection same(page_);
     page_.host.application.MsgBox("the value is out of range", MessageButtons::ok);
-    if (!watch.ended()) {
+    if (same.holds()) {
         give_focus_back(page_, box);
     }
 }

@@ -32,7 +32,7 @@ std::optional<std::string> failure_of(Step step) {
 } // namespace
 
 void DataEditors::choose_database() {
-    const platform::LifeWatch watch(page_.life);
+    const SameSelection same(page_);
     const PageEditors editors = page_.editors;
     platform::FileDialog& dialog = editors.CommonDialog1;
     try {
@@ -40,10 +40,10 @@ void DataEditors::choose_database() {
         dialog.SetFilter("*.mdb");
         dialog.SetInitDir("c:\\");
         dialog.ShowOpen();
-        if (!watch.ended()) {
+        if (same.holds()) {
             editors.txtDataBaseName.SetText(dialog.FileName());
         }
-    } catch (const platform::RuntimeError&) {
+    } catch (const std::exception&) {
         return; // cancelled, or no dialog to be had: the name stays
     }
 }
@@ -54,10 +54,10 @@ void DataEditors::derive_connection() {
         return;
     }
     if (!editors.txConnection.Text().empty()) {
-        const platform::LifeWatch watch(page_.life);
+        const SameSelection same(page_);
         const MessageAnswer answer = page_.host.application.MsgBox(
             "Using this property will set a Jet.OLEDB Provider. Ok?", MessageButtons::yes_no);
-        if (watch.ended()) {
+        if (!same.holds()) {
             return;
         }
         if (answer == MessageAnswer::no) {
@@ -100,9 +100,9 @@ void DataEditors::open_record_source() {
 }
 
 void DataEditors::refuse_record_source(const std::string& error) {
-    const platform::LifeWatch watch(page_.life);
+    const SameSelection same(page_);
     page_.host.application.MsgBox("Error in RecordSource: " + error, MessageButtons::ok);
-    if (!watch.ended()) {
+    if (same.holds()) {
         give_focus_back(page_, page_.editors.txRecordSource);
     }
 }

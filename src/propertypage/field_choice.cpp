@@ -78,9 +78,7 @@ void FieldChoice::choose() {
     }
     const std::shared_ptr<platform::Recordset> records = page_.pageRecordset;
     if (!records) {
-        throw platform::RuntimeError(platform::error_number::object_not_set,
-                                     "Object variable or With block variable not set",
-                                     "krvList3");
+        platform::fail_object_not_set();
     }
     const platform::Field& field = records->Fields().Item(name);
     const std::int32_t size = field.DefinedSize();

@@ -62,6 +62,9 @@ WAYS: Dict[str, Callable[[krvlist.Page], Any]] = {
     "clicking a tab": lambda page: (page.text("txtCols", "2"), page.click("TabStrip1", 5)),
     "applying": lambda page: (page.text("txtCols", "2"), page.apply()),
     "selecting fewer columns": lambda page: page.select("L1"),
+    "leaving the database name": lambda page: (
+        page.text("txConnection", "Provider=x"), page.fill("txtDataBaseName", "a.mdb")),
+    "leaving a line number beyond the columns": lambda page: page.fill("txtLineNumberColumn", "40"),
 }
 
 
@@ -98,6 +101,46 @@ def hosts_that_meddle_while(way: str) -> Callable[[Form], None]:
 for _way in WAYS:
     _scenario = page_scenario(hosts_that_meddle_while(_way))
     globals()[_scenario.__name__] = _scenario
+
+
+DATA_TEXTS = ("txtDataBaseName", "txRecordSource", "txConnection", "txtLineNumberColumn")
+
+
+def select_within(form: Form, leave: Callable[[krvlist.Page], Any], reply: str) -> krvlist.Page:
+    """Another control is selected while the page waits; its texts are its own afterwards."""
+    other = control_of(form)
+    for name in ("DataBaseName", "Recordsource", "Connect"):
+        other.put(name, "sua " + name)
+    page = doomed(form)
+    in_question(form, lambda: page.select("L1"), reply)
+
+    def choose(title: str, filter: str, folder: str) -> str:
+        page.select("L1")
+        return "c:\\altra.mdb"
+
+    form.server.on_open_file(choose)
+    leave(page)
+    form.server.on_open_file(None)
+    form.equal([text(page, name) for name in DATA_TEXTS], ["sua DataBaseName", "sua Recordsource", "sua Connect", "-1"])
+    return page
+
+
+@page_scenario
+def a_selection_inside_the_provider_question_keeps_its_own_texts(form: Form) -> None:
+    for reply in ("yes", "no"):
+        select_within(form, WAYS["leaving the database name"], reply)
+        form.server.controls["L2"].delete()
+
+
+@page_scenario
+def a_selection_inside_the_file_dialog_keeps_its_own_texts(form: Form) -> None:
+    select_within(form, lambda page: page.dblclick("txtDataBaseName"), "yes")
+
+
+@page_scenario
+def a_selection_inside_the_range_message_gets_no_focus_of_the_other(form: Form) -> None:
+    page = select_within(form, lambda page: page.fill("txtLineNumberColumn", "40"), "ok")
+    form.equal(focused(page), [])
 
 
 @page_scenario
