@@ -85,16 +85,6 @@ bool is_blank(std::string_view line) {
     return line.find_first_not_of(" \t\r") == std::string_view::npos;
 }
 
-std::string_view take_line_of(std::string_view& text) {
-    const std::size_t length = std::min(text.find('\n'), text.size());
-    std::string_view line = text.substr(0, length);
-    text.remove_prefix(std::min(length + 1, text.size()));
-    if (line.ends_with('\r')) {
-        line.remove_suffix(1);
-    }
-    return line;
-}
-
 } // namespace
 
 MemoryBag new_column() {
@@ -108,7 +98,7 @@ MemoryBag new_column() {
 ColumnSettings read_columns(std::string_view text) {
     ColumnSettings read;
     for (std::size_t number = 1; !text.empty(); ++number) {
-        const std::string_view line = take_line_of(text);
+        const std::string_view line = standard::take_line(text);
         if (is_blank(line)) {
             continue;
         }

@@ -26,9 +26,7 @@ bool takes_focus(const QWidget& widget) {
 
 void FocusTarget::SetFocus() {
     if (!widget_) {
-        throw platform::RuntimeError(platform::error_number::object_not_set,
-                                     "Object variable or With block variable not set",
-                                     "krvList3");
+        platform::fail_object_not_set();
     }
     if (!takes_focus(*widget_)) {
         throw platform::RuntimeError(

@@ -16,9 +16,7 @@ namespace {
 
 HostedPage& open_page(ServerState& state) {
     if (!state.page) {
-        throw platform::RuntimeError(platform::error_number::object_not_set,
-                                     "Object variable or With block variable not set",
-                                     "krvList3");
+        platform::fail_object_not_set();
     }
     return *state.page;
 }

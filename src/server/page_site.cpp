@@ -25,9 +25,7 @@ std::shared_ptr<platform::AutomationObject> PageSite::SelectedControls(std::int3
     }
     const Selected& selected = selection_[static_cast<std::size_t>(index)];
     if (selected.watch.expired()) {
-        throw RuntimeError(platform::error_number::object_not_set,
-                           "Object variable or With block variable not set",
-                           "krvList3");
+        platform::fail_object_not_set();
     }
     return std::make_shared<automation::ControlObject>(controls_.find(selected.id).list());
 }

@@ -23,7 +23,7 @@ AFTER = [
     ("KeyDelete", 118), ("KeyCopy", 119), ("KeyOK", 13), ("AddCaption", "aggiungi"),
     ("InsertCaption", "inserisci"), ("DeleteCaption", "elimina"), ("CopyCaption", "copia"),
 ]
-#: Every key of a list of two columns with a value that is not its default.
+#: Every key with a value that is not its default, those of a column at one of three.
 OTHER: Dict[str, Any] = {
     "BackColor": 0x00C0FFEE, "Enabled": False, "MsgTitle": "Ordini", "Rows": 6, "Cols": 3, "Row": 2,
     "ButtonsHeight": 300.5, "LineNumberColumn": 1, "Connect": "Provider=SQLite;Data Source=a.db",

@@ -203,6 +203,36 @@ TEST(BagFileOnDisk, a_save_replaces_the_file_in_one_step_and_leaves_nothing_besi
     EXPECT_EQ(names_in(folder.path()).size(), 2U);
 }
 
+TEST(BagFileOnDisk, a_text_that_could_not_be_read_again_is_not_written) {
+    const TemporaryFolder folder;
+    const std::string path = folder.write("list.krv", "a = 1\n");
+    BagFile file;
+    file.bag().set("Connect", text("a\xFF"));
+    EXPECT_EQ(error_number_of([&] { file.save(path); }), 13);
+    EXPECT_EQ(read_file(path), "a = 1\n");
+}
+
+TEST(BagFileOnDisk, a_link_to_a_file_that_is_not_there_yet_stays_a_link) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder.path() / "deep");
+    const fs::path link = folder.path() / "link.krv";
+    fs::create_symlink("other.krv", link);
+    fs::create_symlink("deep/list.krv", folder.path() / "other.krv");
+    BagFile::parse("b = 2\n").save(link);
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_TRUE(fs::is_symlink(folder.path() / "other.krv"));
+    EXPECT_EQ(read_file(folder.file("deep/list.krv")), "b = 2\n");
+}
+
+TEST(BagFileOnDisk, links_in_a_ring_are_refused) {
+    const TemporaryFolder folder;
+    fs::create_symlink("b.krv", folder.path() / "a.krv");
+    fs::create_symlink("a.krv", folder.path() / "b.krv");
+    EXPECT_EQ(error_number_of([&] { BagFile().save(folder.path() / "a.krv"); }), 75);
+    EXPECT_EQ(error_number_of([&] { BagFile::load(folder.path() / "a.krv"); }), 75);
+    EXPECT_EQ(names_in(folder.path()).size(), 2U);
+}
+
 TEST(BagFileOnDisk, a_new_file_is_made) {
     const TemporaryFolder folder;
     const std::string path = folder.file("è nuovo.krv");

@@ -54,4 +54,11 @@ inline constexpr std::int32_t wrong_number_of_arguments = 450;
 
 } // namespace error_number
 
+/// A reference leads to nothing, or to what is gone.
+[[noreturn]] inline void fail_object_not_set() {
+    throw RuntimeError(error_number::object_not_set,
+                       "Object variable or With block variable not set",
+                       "krvList3");
+}
+
 } // namespace krv::platform

@@ -41,7 +41,8 @@ public:
 
     /// Writes the file whole or not at all: into a new file beside it, which takes its place when it
     /// is safe on the disk. A link stays a link, and permissions stay.
-    /// \throws RuntimeError 75 when it cannot be written; the old file is as it was
+    /// \throws RuntimeError 75 when it cannot be written, 13 for a text that is not UTF-8; the old
+    ///         file is as it was
     void save(const std::filesystem::path& path) const;
 
 private:

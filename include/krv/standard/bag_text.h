@@ -31,8 +31,11 @@ private:
     std::string fault_;
 };
 
+/// Takes the next line off the text, without its end.
+std::string_view take_line(std::string_view& text);
+
 /// Appends a value in its text form: flags, whole numbers, Single, Double, texts.
-/// \throws RuntimeError 13 for another kind, or a number that is not finite
+/// \throws RuntimeError 13 for another kind, a number that is not finite, a text that is not UTF-8
 void append_setting(platform::ValueView value, std::string& text);
 
 /// The key as a line begins with it: bare when letters, digits, `_`, `.` and `-` suffice, else in

@@ -24,9 +24,7 @@ void ControlObject::Put(std::string_view member,
 
 KarvoList& ControlObject::list() {
     if (watch_.expired()) {
-        throw platform::RuntimeError(platform::error_number::object_not_set,
-                                     "Object variable or With block variable not set",
-                                     "krvList3");
+        platform::fail_object_not_set();
     }
     return *list_;
 }

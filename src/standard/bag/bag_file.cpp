@@ -35,17 +35,6 @@ bool is_of_control(std::string_view key) {
     });
 }
 
-/// Takes the next line off the text, without its end.
-std::string_view take_line_of(std::string_view& text) {
-    const std::size_t length = std::min(text.find('\n'), text.size());
-    std::string_view line = text.substr(0, length);
-    text.remove_prefix(std::min(length + 1, text.size()));
-    if (line.ends_with('\r')) {
-        line.remove_suffix(1);
-    }
-    return line;
-}
-
 bool is_comment(std::string_view line) {
     const std::size_t start = line.find_first_not_of(" \t");
     return start == std::string_view::npos || line[start] == '#';
@@ -62,7 +51,7 @@ BagFile BagFile::parse(std::string_view text) {
     }
     while (!text.empty()) {
         ++number;
-        const std::string_view line = take_line_of(text);
+        const std::string_view line = standard::take_line(text);
         try {
             file.take_line(line, comment);
         } catch (const BagTextError& error) {

@@ -2,7 +2,9 @@
 
 #include "standard/ascii.h"
 #include "standard/letter_case.h"
+#include "standard/utf8.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -83,7 +85,12 @@ void append_character(char character, std::string& text) {
     text.append("\\u{").append(digits.data(), end).append("}");
 }
 
+/// What could not be read again is not written.
 void append_quoted(std::string_view value, std::string& text) {
+    if (!is_valid_utf8(value)) {
+        throw platform::RuntimeError(
+            13, "Type mismatch: the text of a setting is not UTF-8", "krvList3");
+    }
     text += '"';
     for (const char character : value) {
         append_character(character, text);
@@ -100,6 +107,16 @@ BagTextError::BagTextError(std::size_t line, const std::string& fault)
                    "krvList3")
     , line_(line)
     , fault_(fault) {}
+
+std::string_view take_line(std::string_view& text) {
+    const std::size_t length = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, length);
+    text.remove_prefix(std::min(length + 1, text.size()));
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    return line;
+}
 
 void append_setting(ValueView value, std::string& text) {
     switch (value.kind()) {

@@ -109,11 +109,18 @@ private:
     int descriptor_;
 };
 
-/// The file itself when the path is a link.
-fs::path resolved(const fs::path& path) {
+/// The file itself when the path is a link, also one that leads to no file yet.
+fs::path resolved(fs::path path) {
+    constexpr int most_links = 40; // as many as the kernel follows
     std::error_code error;
-    fs::path real = fs::weakly_canonical(path, error);
-    return error ? path : real;
+    for (int links = 0; links < most_links && fs::is_symlink(path, error); ++links) {
+        const fs::path target = fs::read_symlink(path, error);
+        if (error) {
+            fail(path, error.message());
+        }
+        path = path.parent_path() / target; // an absolute target stands for itself
+    }
+    return path;
 }
 
 } // namespace
@@ -121,6 +128,9 @@ fs::path resolved(const fs::path& path) {
 std::string read_whole_file(const fs::path& path) {
     std::error_code error;
     if (!fs::exists(path, error)) {
+        if (error) {
+            fail(path, error.message());
+        }
         throw platform::RuntimeError(
             file_not_found, "File not found: " + path.string(), "krvList3");
     }
