@@ -64,7 +64,6 @@ WAYS: Dict[str, Callable[[krvlist.Page], Any]] = {
     "selecting fewer columns": lambda page: page.select("L1"),
     "leaving the database name": lambda page: (
         page.text("txConnection", "Provider=x"), page.fill("txtDataBaseName", "a.mdb")),
-    "leaving a line number beyond the columns": lambda page: page.fill("txtLineNumberColumn", "40"),
 }
 
 
@@ -134,7 +133,7 @@ def a_selection_inside_the_provider_question_keeps_its_own_texts(form: Form) -> 
 
 @page_scenario
 def a_selection_inside_the_file_dialog_keeps_its_own_texts(form: Form) -> None:
-    select_within(form, lambda page: page.dblclick("txtDataBaseName"), "yes")
+    select_within(form, lambda page: page.double_click("txtDataBaseName"), "yes")
 
 
 @page_scenario

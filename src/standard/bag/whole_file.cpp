@@ -120,6 +120,9 @@ fs::path resolved(fs::path path) {
         }
         path = path.parent_path() / target; // an absolute target stands for itself
     }
+    if (fs::is_symlink(path, error)) {
+        fail(path, "too many links");
+    }
     return path;
 }
 
