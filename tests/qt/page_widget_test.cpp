@@ -43,6 +43,18 @@ protected:
 
     static QString without_shortcut(QString text) { return text.remove('&'); }
 
+    /// Types one character after the other as long as there is a page.
+    void fill_until_gone(const char* name, const char* text) {
+        QLineEdit& edit = line(name);
+        edit.setFocus();
+        turn();
+        edit.selectAll();
+        for (; *text != '\0' && page != nullptr; ++text) {
+            QTest::keyClick(&edit, *text);
+        }
+        turn();
+    }
+
     /// The texts that stand beside the editors, by editor.
     std::map<std::string, std::string> labels() {
         std::map<std::string, std::string> all;
@@ -184,6 +196,24 @@ TEST_F(PageWidget, a_question_can_be_answered_by_closing_the_page) {
     EXPECT_EQ(page, nullptr);
     EXPECT_THAT(asked, ElementsAre("this will erase some of the existing columns. confirm?"));
     EXPECT_EQ(list().Cols(), 3);
+}
+
+TEST_F(PageWidget, the_choice_of_a_file_can_close_the_page) {
+    page->set_file_chooser([this](const FileRequest&) -> std::optional<std::string> {
+        page.reset();
+        return "zu spaet.mdb";
+    });
+    QTest::mouseDClick(&line("txtDataBaseName"), Qt::LeftButton);
+    turn();
+    EXPECT_EQ(page, nullptr);
+    EXPECT_THAT(asked, IsEmpty());
+}
+
+TEST_F(PageWidget, the_message_of_an_error_can_close_the_page) {
+    on_message = [this] { page.reset(); };
+    fill_until_gone("txtColWidth", "99999");
+    EXPECT_EQ(page, nullptr);
+    EXPECT_EQ(asked.size(), 1U);
 }
 
 TEST_F(PageWidget, a_double_click_on_the_database_name_chooses_a_file) {

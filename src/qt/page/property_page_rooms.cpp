@@ -110,6 +110,7 @@ void PropertyPageWidget::Rooms::show(const std::exception_ptr& error) {
 void PropertyPageWidget::Rooms::end(std::unique_ptr<Rooms> rooms) {
     const std::shared_ptr<Surface> surface = rooms->surface;
     surface->close();
+    surface->set_error_handler({}); // what comes now has no page to be shown on: it is logged
     rooms->fall_silent();
     rooms->page.reset();
     if (surface->loop()->is_active()) {
