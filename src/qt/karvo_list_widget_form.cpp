@@ -18,6 +18,15 @@ Value whole(std::int64_t number) {
     return Value(ValueView::long_long(number));
 }
 
+/// What is no UTF-8 becomes replacement characters.
+std::string valid_utf8(const QByteArray& bytes) {
+    return QString::fromUtf8(bytes).toStdString();
+}
+
+Value text_of(const QByteArray& bytes) {
+    return Value::text(valid_utf8(bytes));
+}
+
 } // namespace
 
 void KarvoListWidget::restore_setting(const char* key, const Value& value) noexcept {
@@ -47,7 +56,7 @@ void KarvoListWidget::SetColumns(const QByteArray& text) {
         for (const QString& caption : std::as_const(kept_captions_)) {
             kept.push_back(caption.toStdString());
         }
-        restore_columns(list, QString::fromUtf8(text).toStdString(), kept);
+        restore_columns(list, valid_utf8(text), kept);
     });
     rooms_->container.resized();
 }
@@ -66,6 +75,30 @@ void KarvoListWidget::SetCaptions(const QStringList& captions) {
             rooms_->grid_in.SetTextMatrix(0, col, caption);
         }
     });
+}
+
+QByteArray KarvoListWidget::StartConnect() const {
+    return Connect().toUtf8();
+}
+
+void KarvoListWidget::SetStartConnect(const QByteArray& text) {
+    restore_setting("Connect", text_of(text));
+}
+
+QByteArray KarvoListWidget::StartDataBaseName() const {
+    return DataBaseName().toUtf8();
+}
+
+void KarvoListWidget::SetStartDataBaseName(const QByteArray& path) {
+    restore_setting("DataBaseName", text_of(path));
+}
+
+QByteArray KarvoListWidget::StartRecordsource() const {
+    return Recordsource().toUtf8();
+}
+
+void KarvoListWidget::SetStartRecordsource(const QByteArray& text) {
+    restore_setting("RecordSource", text_of(text));
 }
 
 QString KarvoListWidget::StartTitle() const {

@@ -43,15 +43,19 @@ std::string described(const char* name, int type, bool writable) {
 }
 
 /// What form files have beside the properties of the interface.
-const std::vector<std::string> properties_of_form_files = {"Columns QByteArray read write",
-                                                           "Captions QStringList read write",
-                                                           "StartTitle QString read write",
-                                                           "StartRow int read write",
-                                                           "StartButtonsHeight double read write",
-                                                           "StartKeyAdd int read write",
-                                                           "StartKeyInsert int read write",
-                                                           "StartKeyDelete int read write",
-                                                           "StartKeyCopy int read write"};
+const std::vector<std::string> properties_of_form_files = {
+    "Columns QByteArray read write",
+    "Captions QStringList read write",
+    "StartConnect QByteArray read write",
+    "StartDataBaseName QByteArray read write",
+    "StartRecordsource QByteArray read write",
+    "StartTitle QString read write",
+    "StartRow int read write",
+    "StartButtonsHeight double read write",
+    "StartKeyAdd int read write",
+    "StartKeyInsert int read write",
+    "StartKeyDelete int read write",
+    "StartKeyCopy int read write"};
 
 /// The properties of the interface that Qt can hold, in its order.
 std::vector<std::string> expected_properties() {
@@ -90,7 +94,9 @@ TEST_F(Properties, are_those_of_the_interface_that_qt_can_hold_and_those_of_form
 TEST_F(Properties, a_form_file_keeps_and_shows_each_setting_of_a_bag_once) {
     // By their names in a bag, "Columns" standing for all settings of the columns but the captions.
     const std::map<std::string, std::string> other_names = {{"Captions", "Caption"},
-                                                            {"Recordsource", "RecordSource"},
+                                                            {"StartConnect", "Connect"},
+                                                            {"StartDataBaseName", "DataBaseName"},
+                                                            {"StartRecordsource", "RecordSource"},
                                                             {"StartTitle", "MsgTitle"},
                                                             {"StartRow", "Row"},
                                                             {"StartButtonsHeight", "ButtonsHeight"},

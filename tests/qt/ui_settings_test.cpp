@@ -206,6 +206,17 @@ TEST_F(UiSettings, start_keys_are_taken_as_they_are) {
     EXPECT_EQ(errors, Numbers{6});
 }
 
+TEST_F(UiSettings, a_start_source_is_set) {
+    widget->SetStartConnect("Provider=\xC3\xA8");
+    widget->SetStartDataBaseName("/tmp/a\xFF.db");
+    widget->SetStartRecordsource("Ordini");
+    EXPECT_EQ(list().Connect(), "Provider=\xC3\xA8");
+    EXPECT_EQ(list().DataBaseName(), "/tmp/a\xEF\xBF\xBD.db");
+    EXPECT_EQ(list().Recordsource(), "Ordini");
+    EXPECT_EQ(widget->StartConnect(), "Provider=\xC3\xA8");
+    EXPECT_EQ(widget->StartRecordsource(), "Ordini");
+}
+
 TEST_F(UiSettings, a_start_title_is_set) {
     widget->SetMsgTitle("Ordini");
     EXPECT_EQ(widget->StartTitle(), "Rolda");
@@ -227,6 +238,9 @@ TEST_F(UiSettings, notify_nothing_where_they_are_of_form_files_alone) {
     widget->SetColumns("ColWidth=1\nColWidth=2");
     widget->SetCaptions({"uno", "due"});
     widget->SetStartTitle("Rolda");
+    widget->SetStartConnect("x");
+    widget->SetStartDataBaseName("x");
+    widget->SetStartRecordsource("x");
     widget->SetStartRow(-1);
     widget->SetStartButtonsHeight(300);
     widget->SetStartKeyAdd(5);

@@ -36,7 +36,7 @@ class KarvoListWidget : public QWidget {
         float ButtonsHeight READ ButtonsHeight WRITE SetButtonsHeight DESIGNABLE false STORED false)
     Q_PROPERTY(float ButtonsWidth READ ButtonsWidth DESIGNABLE false STORED false)
     Q_PROPERTY(bool Adding READ Adding DESIGNABLE false STORED false)
-    Q_PROPERTY(QString Connect READ Connect WRITE SetConnect)
+    Q_PROPERTY(QString Connect READ Connect WRITE SetConnect DESIGNABLE false STORED false)
     Q_PROPERTY(bool InputModified READ InputModified DESIGNABLE false STORED false)
     Q_PROPERTY(int KeyAdd READ KeyAdd WRITE SetKeyAdd DESIGNABLE false STORED false)
     Q_PROPERTY(int KeyCopy READ KeyCopy WRITE SetKeyCopy DESIGNABLE false STORED false)
@@ -52,9 +52,11 @@ class KarvoListWidget : public QWidget {
     Q_PROPERTY(int Rows READ Rows WRITE SetRows)
     Q_PROPERTY(int LineNumberColumn READ LineNumberColumn WRITE SetLineNumberColumn)
     Q_PROPERTY(int Cols READ Cols WRITE SetCols DESIGNABLE false STORED false)
-    Q_PROPERTY(QString Recordsource READ Recordsource WRITE SetRecordsource)
+    Q_PROPERTY(
+        QString Recordsource READ Recordsource WRITE SetRecordsource DESIGNABLE false STORED false)
     Q_PROPERTY(bool ReadOnlyRecordset READ ReadOnlyRecordset WRITE SetReadOnlyRecordset)
-    Q_PROPERTY(QString DataBaseName READ DataBaseName WRITE SetDataBaseName)
+    Q_PROPERTY(
+        QString DataBaseName READ DataBaseName WRITE SetDataBaseName DESIGNABLE false STORED false)
     Q_PROPERTY(int Row READ Row WRITE SetRow DESIGNABLE false STORED false)
     Q_PROPERTY(int TopRow READ TopRow WRITE SetTopRow DESIGNABLE false STORED false)
     Q_PROPERTY(QString AddCaption READ AddCaption WRITE SetAddCaption)
@@ -80,6 +82,9 @@ class KarvoListWidget : public QWidget {
     // Settings that a form file hands over in a way of their own.
     Q_PROPERTY(QByteArray Columns READ Columns WRITE SetColumns)
     Q_PROPERTY(QStringList Captions READ Captions WRITE SetCaptions)
+    Q_PROPERTY(QByteArray StartConnect READ StartConnect WRITE SetStartConnect)
+    Q_PROPERTY(QByteArray StartDataBaseName READ StartDataBaseName WRITE SetStartDataBaseName)
+    Q_PROPERTY(QByteArray StartRecordsource READ StartRecordsource WRITE SetStartRecordsource)
     Q_PROPERTY(QString StartTitle READ StartTitle WRITE SetStartTitle)
     Q_PROPERTY(int StartRow READ StartRow WRITE SetStartRow)
     Q_PROPERTY(double StartButtonsHeight READ StartButtonsHeight WRITE SetStartButtonsHeight)
@@ -258,6 +263,15 @@ public:
     /// A list that is too short leaves the other captions empty; what is too much is kept for
     /// columns to come.
     void SetCaptions(const QStringList& captions);
+
+    /// The record source, in UTF-8: form files give texts of this type to no translator, and do not
+    /// put them again when the language changes.
+    QByteArray StartConnect() const;
+    void SetStartConnect(const QByteArray& text);
+    QByteArray StartDataBaseName() const;
+    void SetStartDataBaseName(const QByteArray& path);
+    QByteArray StartRecordsource() const;
+    void SetStartRecordsource(const QByteArray& text);
 
     /// The program's title, which a put of `MsgTitle` leaves as it is.
     QString StartTitle() const;

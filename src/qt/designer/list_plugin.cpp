@@ -22,6 +22,14 @@ QString tool_tip(const QString& property, const QString& text) {
     return QStringLiteral("<tooltip name=\"%1\">%2</tooltip>").arg(property, text.toHtmlEscaped());
 }
 
+/// The property that a form file has for a setting of this name.
+QString start_name(const QString& key) {
+    if (key == "MsgTitle") {
+        return "StartTitle";
+    }
+    return key == "RecordSource" ? "StartRecordsource" : "Start" + key;
+}
+
 /// What each setting means, as its property has it.
 QString tool_tips() {
     QString tips = tool_tip("Columns",
@@ -30,7 +38,7 @@ QString tool_tips() {
                    tool_tip("Captions", "Captions of the columns");
     for (const persistence::SettingKey& key : persistence::setting_keys()) {
         const QMetaObject& meta = KarvoListWidget::staticMetaObject;
-        for (const QString& name : {text_of(key.name), "Start" + text_of(key.name)}) {
+        for (const QString& name : {text_of(key.name), start_name(text_of(key.name))}) {
             const int index = meta.indexOfProperty(name.toLatin1().constData());
             if (index >= 0 && meta.property(index).isStored()) {
                 tips += tool_tip(name, text_of(key.meaning));
@@ -68,7 +76,6 @@ QIcon ListPlugin::icon() const {
 }
 
 QString ListPlugin::domXml() const {
-    // What names data is nothing for translators.
     return QStringLiteral(R"(
 <ui language="c++" displayname="KarvoList">
  <widget class="%1" name="karvoList">
@@ -82,9 +89,6 @@ QString ListPlugin::domXml() const {
    <extends>QWidget</extends>
    <propertyspecifications>
     %2
-    <stringpropertyspecification name="Connect" notr="true" type="singleline"/>
-    <stringpropertyspecification name="DataBaseName" notr="true" type="singleline"/>
-    <stringpropertyspecification name="Recordsource" notr="true" type="multiline"/>
    </propertyspecifications>
   </customwidget>
  </customwidgets>
