@@ -44,6 +44,9 @@ const std::map<std::string, Room, std::less<>>& rooms() {
           {"dlfcn.h", "fcntl.h", "poll.h", "spawn.h", "sys/", "unistd.h"}}},
         {"headless", {core_and({"companions", "standard", "providers/sqlite"}), {}}},
         {"qt", {core_and({"companions", "standard", "providers/sqlite"}), {"Q"}}},
+        {"qt/designer",
+         {core_and({"standard", "providers/sqlite", "providers/odbc", "providers/jet", "qt"}),
+          {"Q"}}},
         {"server",
          {core_and(
               {"companions", "standard", "providers/sqlite", "providers/odbc", "headless", "qt"}),
@@ -144,9 +147,9 @@ std::vector<Edge> edges_of(const std::vector<SourceFile>& files) {
     return edges;
 }
 
-/// The folder that a file lives in; empty outside the layers. Each provider is a room of its own:
-/// its folder, and its public header when that is a single one (`include/krv/providers/sqlite.h`).
-/// So is the program that libmdb is locked up in.
+/// The folder that a file lives in; empty outside the layers. The plugin of Qt Designer is a room of
+/// its own, and so is each provider: its folder, and its public header when that is a single one
+/// (`include/krv/providers/sqlite.h`). So is the program that libmdb is locked up in.
 std::string room_of(std::string_view path) {
     if (path.starts_with("apps/jet-reader/")) {
         return "apps/jet-reader";
@@ -156,6 +159,9 @@ std::string room_of(std::string_view path) {
     }
     if (!take(path, "include/krv/") && !take(path, "src/")) {
         return {};
+    }
+    if (path.starts_with("qt/designer/")) {
+        return "qt/designer";
     }
     std::string room(path.substr(0, path.find('/')));
     if (take(path, "providers/")) {
