@@ -1,5 +1,7 @@
 #include "qt/application.h"
 
+#include "qt/qt_text.h"
+
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPointer>
@@ -9,10 +11,6 @@ namespace krv::qt {
 
 namespace {
 
-QString text_of(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 QMessageBox* make_box(QWidget* parent,
                       const QString& title,
                       std::string_view text,
@@ -20,7 +18,7 @@ QMessageBox* make_box(QWidget* parent,
     const bool asks = buttons == platform::MessageButtons::yes_no;
     auto* const box = new QMessageBox(asks ? QMessageBox::Question : QMessageBox::Information,
                                       title,
-                                      text_of(text),
+                                      qt_text(text),
                                       asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
                                       parent);
     // Texts of a database or a host are no markup.
@@ -45,7 +43,7 @@ void QtApplication::SetTitle(std::string_view title) {
         *kept_title_ = title;
         return;
     }
-    QGuiApplication::setApplicationDisplayName(text_of(title));
+    QGuiApplication::setApplicationDisplayName(qt_text(title));
 }
 
 platform::MessageAnswer QtApplication::MsgBox(std::string_view text,
@@ -58,7 +56,7 @@ platform::MessageAnswer QtApplication::MsgBox(std::string_view text,
     }
     // The host may destroy the control, or the whole window, while the box is open.
     const QPointer<QMessageBox> box =
-        make_box(surface_->root().window(), text_of(Title()), text, buttons);
+        make_box(surface_->root().window(), qt_text(Title()), text, buttons);
     QObject::connect(&surface_->root(), &QObject::destroyed, box, &QDialog::reject);
     QTimer::singleShot(0, box, [surface = surface_] { surface->guard([&] { surface->turn(); }); });
     const int answer = box->exec();

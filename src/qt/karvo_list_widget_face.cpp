@@ -3,6 +3,7 @@
 #include "control/failures.h"
 #include "qt/focus_target.h"
 #include "qt/karvo_list_rooms.h"
+#include "qt/qt_text.h"
 
 #include <QPointer>
 
@@ -12,10 +13,6 @@
 namespace krv::qt {
 
 namespace {
-
-QString text_of(const std::string& utf8) {
-    return QString::fromStdString(utf8);
-}
 
 /// A value of Qt as the property of the list takes it.
 /// \throws RuntimeError 6 for a number that does not fit
@@ -67,7 +64,7 @@ bool KarvoListWidget::Adding() const {
 }
 
 QString KarvoListWidget::Connect() const {
-    return text_of(list().Connect());
+    return qt_text(list().Connect());
 }
 
 void KarvoListWidget::SetConnect(const QString& text) {
@@ -131,7 +128,7 @@ bool KarvoListWidget::Modified() const {
 }
 
 QString KarvoListWidget::MsgTitle() const {
-    return text_of(list().MsgTitle());
+    return qt_text(list().MsgTitle());
 }
 
 void KarvoListWidget::SetMsgTitle(const QString& text) {
@@ -189,7 +186,7 @@ void KarvoListWidget::SetCols(int value) {
 }
 
 QString KarvoListWidget::Recordsource() const {
-    return text_of(list().Recordsource());
+    return qt_text(list().Recordsource());
 }
 
 void KarvoListWidget::SetRecordsource(const QString& text) {
@@ -205,7 +202,7 @@ void KarvoListWidget::SetReadOnlyRecordset(bool value) {
 }
 
 QString KarvoListWidget::DataBaseName() const {
-    return text_of(list().DataBaseName());
+    return qt_text(list().DataBaseName());
 }
 
 void KarvoListWidget::SetDataBaseName(const QString& text) {
@@ -229,7 +226,7 @@ void KarvoListWidget::SetTopRow(int value) {
 }
 
 QString KarvoListWidget::AddCaption() const {
-    return text_of(list().AddCaption());
+    return qt_text(list().AddCaption());
 }
 
 void KarvoListWidget::SetAddCaption(const QString& text) {
@@ -245,7 +242,7 @@ void KarvoListWidget::SetAddColor(uint color) {
 }
 
 QString KarvoListWidget::InsertCaption() const {
-    return text_of(list().InsertCaption());
+    return qt_text(list().InsertCaption());
 }
 
 void KarvoListWidget::SetInsertCaption(const QString& text) {
@@ -261,7 +258,7 @@ void KarvoListWidget::SetInsertColor(uint color) {
 }
 
 QString KarvoListWidget::DeleteCaption() const {
-    return text_of(list().DeleteCaption());
+    return qt_text(list().DeleteCaption());
 }
 
 void KarvoListWidget::SetDeleteCaption(const QString& text) {
@@ -277,7 +274,7 @@ void KarvoListWidget::SetDeleteColor(uint color) {
 }
 
 QString KarvoListWidget::CopyCaption() const {
-    return text_of(list().CopyCaption());
+    return qt_text(list().CopyCaption());
 }
 
 void KarvoListWidget::SetCopyCaption(const QString& text) {
@@ -301,7 +298,7 @@ void KarvoListWidget::SetEvidenziaColor(uint color) {
 }
 
 QString KarvoListWidget::OKCaption() const {
-    return text_of(list().OKCaption());
+    return qt_text(list().OKCaption());
 }
 
 void KarvoListWidget::SetOKCaption(const QString& text) {

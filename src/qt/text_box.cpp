@@ -3,6 +3,7 @@
 #include "krv/platform/keys.h"
 #include "qt/keys.h"
 #include "qt/length_limit.h"
+#include "qt/qt_text.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>
@@ -119,7 +120,7 @@ std::string QtTextBox::Text() const {
 }
 
 void QtTextBox::SetText(std::string_view text) {
-    const QString next = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const QString next = qt_text(text);
     if (next == edit_->text()) {
         return;
     }

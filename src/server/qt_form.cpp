@@ -3,6 +3,7 @@
 #include "qt/container.h"
 #include "qt/grid_part.h"
 #include "qt/part_handle.h"
+#include "qt/qt_text.h"
 #include "qt/surface.h"
 #include "server/qt_host_object.h"
 #include "server/qt_input_watch.h"
@@ -166,8 +167,7 @@ private:
     }
 
     void SetTitle(std::string_view title) override {
-        QGuiApplication::setApplicationDisplayName(
-            QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
+        QGuiApplication::setApplicationDisplayName(qt::qt_text(title));
     }
 
     MessageAnswer MsgBox(std::string_view text, MessageButtons buttons) override {

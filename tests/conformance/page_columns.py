@@ -105,7 +105,7 @@ def a_number_beyond_16_bits_is_error_6_and_not_stored(form: Form) -> None:
 @page_scenario
 def long_and_odd_texts_are_kept(form: Form) -> None:
     page = page_of(form)
-    for typed in ("x" * 40000, "àèì 😀", "a\tb", " "):
+    for typed in ("x" * 40000, "àèì 😀", "a\tb", " ", "\ufeffq"):
         for editor, name in (("txtCaption", "colCaptions"), ("cmbDataField", "colDataFields")):
             page.text(editor, typed)
             form.equal((text(page, editor), array(page, name)[0]), (typed, typed))

@@ -94,6 +94,40 @@ TEST_F(PageDialog, cancel_asks_once_when_something_would_be_lost) {
     EXPECT_EQ(list().Caption(0), "Codice");
 }
 
+TEST_F(PageDialog, a_click_that_takes_its_time_leaves_no_editor_and_is_not_lost) {
+    fill(page(), "txtLineNumberColumn", "9");
+    auto* const cancel = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel);
+    QTest::mousePress(cancel, Qt::LeftButton);
+    turn();
+    QTest::mouseRelease(cancel, Qt::LeftButton);
+    turn();
+    EXPECT_THAT(asked, ElementsAre("discard changes?"));
+    EXPECT_EQ(result, QDialog::Rejected);
+}
+
+TEST_F(PageDialog, a_refused_number_is_not_passed_over) {
+    fill(page(), "txtColWidth", "40000");
+    asked.clear();
+    press(QDialogButtonBox::Ok);
+    EXPECT_EQ(result, -1);
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_THAT(asked[0], HasSubstr("Overflow"));
+    EXPECT_EQ(list().ColWidth(0), 1000);
+    fill(page(), "txtColWidth", "4001");
+    press(QDialogButtonBox::Ok);
+    EXPECT_EQ(result, QDialog::Accepted);
+    EXPECT_EQ(list().ColWidth(0), 4001);
+}
+
+TEST_F(PageDialog, the_dialog_may_go_when_it_was_applied) {
+    QObject::connect(
+        dialog.get(), &ListDialog::applied, qApp, [this] { dialog.reset(); }, Qt::DirectConnection);
+    fill(page(), "txtCaption", "Altro");
+    dialog->accept();
+    EXPECT_EQ(dialog, nullptr);
+    EXPECT_EQ(list().Caption(0), "Altro");
+}
+
 TEST_F(PageDialog, cancel_asks_nothing_after_looking_around) {
     page().rooms().TabStrip1.SetSelectedIndex(3);
     EXPECT_TRUE(site.Changed());

@@ -23,7 +23,7 @@ public:
 
     ListPreview& preview() noexcept { return *preview_; }
 
-    /// \return whether everything was applied. The dialog may be gone after a false.
+    /// \return whether everything was applied and the dialog is still there
     bool apply();
 
 public slots:

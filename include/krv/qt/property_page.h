@@ -89,6 +89,9 @@ protected:
 
 private:
     bool leave_editor(QPointer<QWidget>& editor);
+    /// A number that did not fit was refused when it was typed, and is still shown.
+    /// \throws RuntimeError 6 for one, with its editor
+    void require_shown_numbers(QPointer<QWidget>& editor);
     bool commit_and(const std::function<void()>& act);
     void plan_draft_change();
 

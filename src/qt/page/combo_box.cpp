@@ -228,10 +228,11 @@ void QtComboBox::notice_typing() {
         return;
     }
     list_index_ = index_of(text);
-    if (list_index_ >= 0) {
-        // Qt's own entry follows, or it would take the text for a choice when the box is left.
-        const Assigning assigning(assigning_);
-        combo_->setCurrentIndex(list_index_);
+    if (combo_->currentIndex() != list_index_) {
+        // Qt's own entry follows, also to none, or it would take the text for a choice when the box
+        // is left, and a text that comes back to the old entry for no change.
+        const KeptCaret caret(combo_->lineEdit());
+        select(list_index_, text);
     }
     tell_of_person(&platform::EditorEvents::Change);
 }

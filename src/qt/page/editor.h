@@ -3,6 +3,7 @@
 #include "krv/platform/dialog_controls.h"
 #include "krv/platform/error.h"
 #include "qt/part_handle.h"
+#include "qt/qt_text.h"
 #include "qt/surface.h"
 
 #include <QPointer>
@@ -134,9 +135,5 @@ protected:
 private:
     PageEditor& editor_;
 };
-
-inline QString qt_text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
 
 } // namespace krv::qt

@@ -39,6 +39,10 @@ ListDialog::ListDialog(PropertyPageSupplies supplies, QWidget* parent)
     halves->setSizes({page_->minimumSizeHint().width(), start_size.width()});
     auto* const buttons = new QDialogButtonBox(
         QDialogButtonBox::Ok | QDialogButtonBox::Apply | QDialogButtonBox::Cancel, this);
+    for (QAbstractButton* button : buttons->buttons()) {
+        // A press that takes the focus would leave the editor, whose questions swallow the release.
+        button->setFocusPolicy(Qt::TabFocus);
+    }
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(halves, 1);
     layout->addWidget(buttons);
@@ -63,8 +67,9 @@ bool ListDialog::apply() {
     if (!page_->apply()) {
         return false;
     }
+    const QPointer<ListDialog> self = this;
     emit applied();
-    return true;
+    return self != nullptr;
 }
 
 void ListDialog::accept() {

@@ -7,6 +7,8 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <cmath>
+#include <cstddef>
 #include <tuple>
 #include <utility>
 
@@ -134,19 +136,39 @@ bool PropertyPageWidget::commit() {
 
 bool PropertyPageWidget::apply() {
     const std::shared_ptr<Surface> surface = rooms_->surface;
-    return commit_and([this, surface] {
+    bool applied = false;
+    const bool done = commit_and([this, surface, &applied] {
         page().ApplyChanges();
-        if (!surface->closed()) {
+        // Applying ends early, without an error, when another selection is read meanwhile.
+        applied = !surface->closed() && !rooms_->site.Changed();
+        if (applied) {
             stored_ = draft();
         }
     });
+    return done && applied;
+}
+
+void PropertyPageWidget::require_shown_numbers(QPointer<QWidget>& editor) {
+    const PageColumns& columns = rooms_->page->columns();
+    const auto col = static_cast<std::size_t>(rooms_->TabStrip1.SelectedIndex() - 1);
+    const auto require = [&](QtEntryBox& box, const std::vector<std::int16_t>& stored) {
+        const platform::Formatter& formatter = *rooms_->formatter;
+        if (col < stored.size() && std::nearbyint(formatter.Val(box.Text())) != stored[col]) {
+            editor = box.widget();
+            throw platform::RuntimeError(platform::error_number::overflow, "Overflow", "krvList3");
+        }
+    };
+    require(rooms_->txtColWidth, columns.colWidths);
+    require(rooms_->txtFieldLength, columns.colFieldLengths);
 }
 
 bool PropertyPageWidget::commit_and(const std::function<void()>& act) {
     const std::shared_ptr<Surface> surface = rooms_->surface;
     const FormLoop::Activity activity(surface->loop());
     QPointer<QWidget> editor;
-    const bool done = leave_editor(editor) && surface->take_act(act) && !surface->closed();
+    const bool done = leave_editor(editor) &&
+                      surface->take_act([this, &editor] { require_shown_numbers(editor); }) &&
+                      surface->take_act(act) && !surface->closed();
     if (!surface->closed() && editor && rooms_->focused() == nullptr) {
         editor->setFocus(Qt::OtherFocusReason);
     }

@@ -8,7 +8,8 @@
 namespace krv::qt {
 
 PropertyPageWidget::Rooms::Rooms(PropertyPageWidget& widget, const PropertyPageSupplies& supplies)
-    : data_access(supplies.data_access)
+    : site(supplies.site)
+    , data_access(supplies.data_access)
     , formatter(supplies.formatter)
     , surface(Surface::make(widget))
     , own_application(surface)

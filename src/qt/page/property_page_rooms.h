@@ -41,6 +41,7 @@ struct PropertyPageWidget::Rooms {
     /// Lets go of the rooms when their widget goes, which may be inside an editor's handler.
     static void end(std::unique_ptr<Rooms> rooms);
 
+    platform::PropertyPageSite& site;
     std::shared_ptr<platform::DataAccess> data_access;
     std::shared_ptr<const platform::Formatter> formatter;
     std::shared_ptr<Surface> surface;
