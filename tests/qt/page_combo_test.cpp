@@ -251,6 +251,22 @@ TEST_F(PageCombo, choosing_by_a_program_sets_the_text_without_a_change) {
     EXPECT_EQ(combo().Text(), "a");
 }
 
+TEST_F(PageCombo, typing_leaves_no_old_choice_behind) {
+    fill(combo(), {"alfa", "beta"});
+    combo().SetListIndex(0);
+    enter(combo());
+    combo().type("x");
+    take();
+    auto* const box = dynamic_cast<QComboBox*>(combo().widget());
+    ASSERT_NE(box, nullptr);
+    box->lineEdit()->setText("alfa"); // as a program that helps to type does it
+    EXPECT_EQ(take(), Told{"combo change"});
+    EXPECT_EQ(combo().ListIndex(), 0);
+    combo().type("x");
+    QTest::keyClick(box, Qt::Key_Down);
+    EXPECT_EQ(combo().Text(), "alfa");
+}
+
 TEST_F(PageCombo, the_wheel_changes_nothing) {
     for (QtComboBox* box : {&combo(), &list()}) {
         fill(*box, {"a", "b", "c"});
