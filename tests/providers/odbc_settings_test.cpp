@@ -63,7 +63,7 @@ TEST_F(OdbcSettingsTest, values_with_marks_stand_in_braces) {
 
 TEST_F(OdbcSettingsTest, drivers_are_told_to_read_in_pieces_where_the_string_does_not_say) {
     EXPECT_EQ(passed_on("DSN=negozio"),
-              "DSN=negozio;UseDeclareFetch=1;Fetch=256;BoolsAsChar=0;MaxVarcharSize=32768;"
+              "DSN=negozio;UseDeclareFetch=1;Fetch=1024;BoolsAsChar=0;MaxVarcharSize=32768;"
               "Debug=0;CommLog=0;");
     EXPECT_EQ(passed_on("Driver=Grande;usedeclarefetch=0;FETCH=7;BoolsAsChar=1;MaxVarcharSize=9;"
                         "Debug=0;CommLog=0"),

@@ -368,6 +368,26 @@ TEST_P(ProviderSuite, a_recordset_at_its_end_keeps_its_fields_and_blocks_nobody)
     EXPECT_TRUE(records->Eof());
 }
 
+TEST_P(ProviderSuite, PostgreSQL_has_no_transaction_open_behind_the_last_row) {
+    if (GetParam().name != "Postgresql") {
+        GTEST_SKIP() << "asks PostgreSQL what its sessions do";
+    }
+    add({{"id", testing::whole(1)}});
+    const std::string sessions = "SELECT state FROM pg_stat_activity WHERE query NOT LIKE "
+                                 "'%pg_stat_activity%' AND backend_type = 'client backend'";
+    const auto others = [&] { return testing::texts(GetParam().connection_string(), sessions); };
+    auto records = open("tipi");
+    EXPECT_THAT(others(), ElementsAre("'idle in transaction'"));
+    records->MoveNext();
+    EXPECT_TRUE(records->Eof());
+    EXPECT_THAT(others(), ElementsAre("'idle'"));
+    EXPECT_EQ(source_error("SELECT 1/0"), -2147467259);
+    EXPECT_THAT(others(), ElementsAre("'idle'"));
+    records = open("tipi");
+    records->Close();
+    EXPECT_THAT(others(), ElementsAre("'idle'"));
+}
+
 TEST_P(ProviderSuite, a_half_read_recordset_lets_the_connection_do_other_things) {
     connection->BeginTrans();
     for (std::int32_t id = 1; id <= 700; ++id) {

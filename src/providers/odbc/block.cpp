@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <system_error>
 #include <utility>
 
 namespace krv::providers::odbc {
@@ -12,8 +13,8 @@ namespace {
 
 namespace field_type = standard::field_type;
 
-constexpr std::size_t rows_of_a_block = 256;
-constexpr std::size_t most_bytes = 1U << 20;
+constexpr std::size_t rows_of_a_block = 1024;
+constexpr std::size_t most_bytes = 4U << 20; // twice, for the block that is read and the next
 
 /// Longer values are fetched by themselves.
 constexpr std::size_t bound_units = 255;
@@ -124,7 +125,7 @@ Block::Block(const StatementHandle& statement, const DriverTraits& traits)
             : traits.reads_long_in_rows ? Mode::rows
                                         : Mode::unbound) {
     describe(traits);
-    bind(fetches_many(traits) ? rows_of_a_block : 1);
+    make_room(fetches_many(traits) ? rows_of_a_block : 1);
 }
 
 void Block::describe(const DriverTraits& traits) {
@@ -154,76 +155,138 @@ bool Block::fetches_many(const DriverTraits& traits) const {
             traits.engine != Engine::other);
 }
 
-void Block::bind(std::size_t most_rows) {
+void Block::make_room(std::size_t most_rows) {
     std::size_t row_bytes = 1;
     for (const Column& column : columns_) {
         row_bytes += column.width + sizeof(SQLLEN);
     }
-    const std::size_t rows = std::clamp<std::size_t>(most_bytes / row_bytes, 1, most_rows);
-    states_.resize(rows);
-    const auto set = [&](SQLINTEGER attribute, SQLPOINTER value) {
-        statement_.check(SQLSetStmtAttrW(statement_.get(), attribute, value, 0), Phase::running);
-    };
-    if (rows > 1) {
-        set(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows));
-    }
-    set(SQL_ATTR_ROWS_FETCHED_PTR, &fetched_);
-    set(SQL_ATTR_ROW_STATUS_PTR, states_.data());
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        Column& column = columns_[i];
-        column.data.resize(rows * column.width);
-        column.lengths.assign(rows, SQL_NO_TOTAL);
-        if (column.is_bound) {
-            statement_.check(SQLBindCol(statement_.get(),
-                                        static_cast<SQLUSMALLINT>(i + 1),
-                                        column.c_type,
-                                        column.data.data(),
-                                        static_cast<SQLLEN>(column.width),
-                                        column.lengths.data()),
-                             Phase::running);
+    capacity_ = std::clamp<std::size_t>(most_bytes / row_bytes, 1, most_rows);
+    for (Rows& rows : rows_) {
+        rows.states.resize(capacity_);
+        for (const Column& column : columns_) {
+            rows.places.push_back({std::vector<std::byte>(capacity_ * column.width),
+                                   std::vector<SQLLEN>(capacity_, SQL_NO_TOTAL)});
         }
+    }
+    if (capacity_ > 1) {
+        statement_.check(SQLSetStmtAttrW(statement_.get(),
+                                         SQL_ATTR_ROW_ARRAY_SIZE,
+                                         reinterpret_cast<SQLPOINTER>(capacity_),
+                                         0),
+                         Phase::running);
     }
 }
 
-bool Block::fetch() {
+/// What is fetched goes to these rows from here on.
+void Block::bind(Rows& rows) {
+    const auto set = [&](SQLINTEGER attribute, SQLPOINTER value) {
+        statement_.check(SQLSetStmtAttrW(statement_.get(), attribute, value, 0), Phase::running);
+    };
+    set(SQL_ATTR_ROWS_FETCHED_PTR, &rows.fetched);
+    set(SQL_ATTR_ROW_STATUS_PTR, rows.states.data());
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        if (columns_[i].is_bound) {
+            statement_.check(SQLBindCol(statement_.get(),
+                                        static_cast<SQLUSMALLINT>(i + 1),
+                                        columns_[i].c_type,
+                                        rows.places[i].data.data(),
+                                        static_cast<SQLLEN>(columns_[i].width),
+                                        rows.places[i].lengths.data()),
+                             Phase::running);
+        }
+    }
+    bound_ = &rows;
+}
+
+bool Block::go_on() {
+    const bool is_first = serial_ == 1 && row_count_ == 0;
     serial_ += row_count_;
     row_ = 0;
     row_count_ = 0;
-    fetched_ = 1; // for a driver that counts rows of blocks only
-    const SQLRETURN code = SQLFetch(statement_.get());
-    statement_.check(code, Phase::running);
-    if (code == SQL_NO_DATA) {
-        return false;
+    if (ahead_.valid()) {
+        ahead_.get();
+        current_ = 1 - current_;
+    } else {
+        fetch(rows_[current_]);
     }
-    row_count_ = std::min<std::size_t>(fetched_, states_.size());
-    if (code == SQL_SUCCESS_WITH_INFO) {
-        require_no_failed_row();
-    }
-    if (mode_ == Mode::unbound) {
+    row_count_ = rows_[current_].count;
+    if (row_count_ > 0 && mode_ == Mode::unbound) {
         read_unbound_row();
+    }
+    // Who reads one block only, to learn the columns, has the driver do no more.
+    if (!is_first) {
+        fetch_ahead();
     }
     return row_count_ > 0;
 }
 
-void Block::require_no_failed_row() const {
-    const auto end = states_.begin() + static_cast<std::ptrdiff_t>(row_count_);
-    if (std::find(states_.begin(), end, SQL_ROW_ERROR) != end) {
+void Block::fetch(Rows& rows) {
+    if (bound_ != &rows) {
+        bind(rows);
+    }
+    rows.fetched = 1; // for a driver that counts rows of blocks only
+    rows.count = 0;
+    const SQLRETURN code = SQLFetch(statement_.get());
+    statement_.check(code, Phase::running);
+    if (code == SQL_NO_DATA) {
+        return;
+    }
+    rows.count = std::min<std::size_t>(rows.fetched, capacity_);
+    if (code == SQL_SUCCESS_WITH_INFO) {
+        require_no_failed_row(rows);
+    }
+    rows.has_long = has_long_values(rows);
+}
+
+/// Long values are read out of the block that the driver stands on.
+void Block::fetch_ahead() {
+    constexpr std::size_t worth_a_thread = 64;
+    const Rows& rows = rows_[current_];
+    if (rows.count < capacity_ || capacity_ < worth_a_thread || rows.has_long) {
+        return;
+    }
+    try {
+        ahead_ =
+            std::async(std::launch::async, [this, other = 1 - current_] { fetch(rows_[other]); });
+    } catch (const std::system_error&) {
+        return; // no thread to be had: it is fetched when it is wanted
+    }
+}
+
+bool Block::has_long_values(const Rows& rows) const {
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        const auto& lengths = rows.places[i].lengths;
+        const auto end = lengths.begin() + static_cast<std::ptrdiff_t>(rows.count);
+        const Column& column = columns_[i];
+        if (std::any_of(lengths.begin(), end, [&](SQLLEN length) {
+                return length != SQL_NULL_DATA && !column.holds(length);
+            })) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void Block::require_no_failed_row(const Rows& rows) const {
+    const auto end = rows.states.begin() + static_cast<std::ptrdiff_t>(rows.count);
+    if (std::find(rows.states.begin(), end, SQL_ROW_ERROR) != end) {
         raise(SQL_HANDLE_STMT, statement_.get(), Phase::running);
     }
 }
 
 void Block::read_unbound_row() {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-        Column& column = columns_[i];
+        const Column& column = columns_[i];
+        Place& place = rows_[current_].places[i];
         if (column.form == Form::text || column.form == Form::bytes) {
             read_whole(i);
         } else {
             statement_.check(SQLGetData(statement_.get(),
                                         static_cast<SQLUSMALLINT>(i + 1),
                                         column.c_type,
-                                        column.data.data(),
+                                        place.data.data(),
                                         static_cast<SQLLEN>(column.width),
-                                        column.lengths.data()),
+                                        place.lengths.data()),
                              Phase::running);
         }
     }
@@ -266,7 +329,7 @@ void Block::read_whole(std::size_t index) {
 }
 
 RawCell Block::long_cell(std::size_t column) {
-    if (states_.size() > 1) {
+    if (capacity_ > 1) {
         statement_.check(SQLSetPos(statement_.get(), row_ + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE),
                          Phase::running);
     }

@@ -4,8 +4,10 @@
 #include "providers/odbc/column_type.h"
 #include "providers/odbc/session.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <future>
 #include <span>
 #include <vector>
 
@@ -21,17 +23,17 @@ struct RawCell {
 };
 
 /// Rows of an executed statement, fetched many at a time where the driver can read long values out
-/// of such a block, else one by one.
+/// of such a block, else one by one. While one block is being read, a thread fetches the next.
 class Block {
 public:
     /// Describes and binds the columns.
-    /// \param statement  executed; outlives this
+    /// \param statement  executed; outlives this, and is used by nobody else meanwhile
     Block(const StatementHandle& statement, const DriverTraits& traits);
     Block(const Block&) = delete;
     Block& operator=(const Block&) = delete;
 
     /// Goes to the next row; false behind the last one.
-    bool step() { return ++row_ < row_count_ || fetch(); }
+    bool step() { return ++row_ < row_count_ || go_on(); }
 
     std::span<const standard::ColumnInfo> columns() const { return infos_; }
 
@@ -39,18 +41,20 @@ public:
 
     /// The current row's value.
     RawCell cell(std::size_t column) {
-        Column& asked = columns_[column];
+        const Column& asked = columns_[column];
         if (asked.whole_row == serial_ + row_) {
             return asked.whole_cell();
         }
-        const SQLLEN length = asked.lengths[row_];
+        const Place& place = rows_[current_].places[column];
+        // Another core has written it.
+        __builtin_prefetch(place.data.data() + (row_ + 1) * asked.width);
+        const SQLLEN length = place.lengths[row_];
         if (length == SQL_NULL_DATA) {
             return {};
         }
-        return length >= 0 && static_cast<std::size_t>(length) <= asked.room
-                   ? RawCell{asked.data.data() + row_ * asked.width,
-                             static_cast<std::size_t>(length)}
-                   : long_cell(column);
+        return asked.holds(length) ? RawCell{place.data.data() + row_ * asked.width,
+                                             static_cast<std::size_t>(length)}
+                                   : long_cell(column);
     }
 
 private:
@@ -60,12 +64,14 @@ private:
         std::size_t width = 0; ///< bytes of a value's place
         std::size_t room = 0;  ///< of them for the value
         bool is_bound = true;  ///< else its values are asked for one by one
-        std::vector<std::byte> data;
-        std::vector<SQLLEN> lengths;
         // A value that was read in pieces, and the row it belongs to.
         std::vector<std::byte> whole;
         std::uint64_t whole_row = 0;
         bool is_null = false;
+
+        bool holds(SQLLEN length) const {
+            return length >= 0 && static_cast<std::size_t>(length) <= room;
+        }
 
         RawCell whole_cell() const {
             static constexpr std::byte nothing{};
@@ -76,13 +82,31 @@ private:
         }
     };
 
+    /// Where the driver writes a column's values.
+    struct Place {
+        std::vector<std::byte> data;
+        std::vector<SQLLEN> lengths;
+    };
+
+    struct Rows {
+        std::vector<Place> places; ///< by column
+        std::vector<SQLUSMALLINT> states;
+        SQLULEN fetched = 0; ///< as the driver says
+        std::size_t count = 0;
+        bool has_long = false; ///< values that did not find room
+    };
+
     enum class Mode { blocks, rows, unbound };
 
     void describe(const DriverTraits& traits);
     bool fetches_many(const DriverTraits& traits) const;
-    void bind(std::size_t most_rows);
-    bool fetch();
-    void require_no_failed_row() const;
+    void make_room(std::size_t most_rows);
+    void bind(Rows& rows);
+    bool go_on();
+    void fetch(Rows& rows);
+    void fetch_ahead();
+    bool has_long_values(const Rows& rows) const;
+    void require_no_failed_row(const Rows& rows) const;
     void read_unbound_row();
     void read_whole(std::size_t column);
     RawCell long_cell(std::size_t column);
@@ -91,11 +115,15 @@ private:
     Mode mode_;
     std::vector<standard::ColumnInfo> infos_;
     std::vector<Column> columns_;
-    std::vector<SQLUSMALLINT> states_;
-    SQLULEN fetched_ = 0;
-    std::size_t row_ = 0;       ///< in the block
-    std::size_t row_count_ = 0; ///< of the block
-    std::uint64_t serial_ = 1;  ///< number of the block's first row
+    std::size_t capacity_ = 1; ///< rows of a block
+    std::array<Rows, 2> rows_; ///< one is read, one is fetched
+    std::size_t current_ = 0;  ///< of these, the one that is read
+    const Rows* bound_ = nullptr;
+    std::size_t row_ = 0;          ///< in the block
+    std::size_t row_count_ = 0;    ///< of the block
+    std::uint64_t serial_ = 1;     ///< number of the block's first row
+    std::future<void> ahead_ = {}; ///< the fetching of the next block; the last member, so that
+                                   ///< its end is waited for before anything else goes
 };
 
 } // namespace krv::providers::odbc

@@ -54,6 +54,27 @@ std::int64_t changed_rows(const StatementHandle& statement) {
     return count > 0 ? count : 0;
 }
 
+/// Ends what was begun for a reading that has come to no cursor; a cursor ends it itself.
+class ReadingScope {
+public:
+    explicit ReadingScope(Session& session)
+        : session_(session) {
+        session_.begin_reading();
+    }
+
+    ReadingScope(const ReadingScope&) = delete;
+    ReadingScope& operator=(const ReadingScope&) = delete;
+
+    ~ReadingScope() {
+        if (session_.active() == nullptr) {
+            session_.end_reading();
+        }
+    }
+
+private:
+    Session& session_;
+};
+
 } // namespace
 
 std::optional<standard::TableName> Connection::find_table(const standard::TableName& name) {
@@ -93,6 +114,7 @@ std::unique_ptr<standard::ProviderCursor> Connection::open_query(std::string_vie
 std::unique_ptr<standard::ProviderCursor> Connection::open_to_read(std::string_view sql) {
     session_->grant(Session::Rights::only_read);
     StatementHandle statement = session_->new_statement();
+    const ReadingScope scope(*session_);
     set_cursor(statement);
     session_->prepare(statement, sql);
     require_reading(statement);

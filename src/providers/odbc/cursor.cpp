@@ -62,11 +62,12 @@ void Cursor::read_ahead() {
 }
 
 void Cursor::release() noexcept {
-    if (session_->active() == this) {
-        session_->set_active(nullptr);
-    }
     block_.reset();
     statement_.reset();
+    if (session_->active() == this) {
+        session_->set_active(nullptr);
+        session_->end_reading();
+    }
 }
 
 } // namespace krv::providers::odbc

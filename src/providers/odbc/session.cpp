@@ -4,6 +4,7 @@
 #include "standard/ascii.h"
 
 #include <array>
+#include <utility>
 
 namespace krv::providers::odbc {
 
@@ -147,6 +148,21 @@ void Session::set_autocommit(bool on) {
                                     as_pointer(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF),
                                     SQL_IS_UINTEGER),
                  Phase::running);
+}
+
+void Session::begin_reading() {
+    if (traits_.engine == Engine::postgresql && !in_transaction_) {
+        set_autocommit(false);
+        is_reading_ = true;
+    }
+}
+
+void Session::end_reading() noexcept {
+    if (std::exchange(is_reading_, false)) {
+        ignore(SQLEndTran(SQL_HANDLE_DBC, link_->get(), SQL_COMMIT));
+        ignore(SQLSetConnectAttrW(
+            link_->get(), SQL_ATTR_AUTOCOMMIT, as_pointer(SQL_AUTOCOMMIT_ON), SQL_IS_UINTEGER));
+    }
 }
 
 void Session::begin() {

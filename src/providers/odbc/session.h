@@ -53,6 +53,11 @@ public:
     void begin();
     void end(SQLSMALLINT completion);
 
+    /// Before a statement that is read, and behind its last row. PostgreSQL hands rows out as it
+    /// finds them inside a transaction only; outside it copies the whole result first.
+    void begin_reading();
+    void end_reading() noexcept;
+
     /// Runs a statement that needs no result.
     void run(std::string_view sql);
 
@@ -72,6 +77,7 @@ private:
     DriverTraits traits_;
     Rights rights_ = Rights::all;
     bool in_transaction_ = false;
+    bool is_reading_ = false; ///< in a transaction of the reading's own
     Cursor* active_ = nullptr;
 };
 

@@ -145,7 +145,7 @@ void add_driver_defaults(Pairs& pairs, const std::string& file) {
     }
     if (is_file(file, "psqlodbc")) {
         add_missing(pairs, "UseDeclareFetch", "1");
-        add_missing(pairs, "Fetch", "256");
+        add_missing(pairs, "Fetch", "1024");
         add_missing(pairs, "BoolsAsChar", "0");
         add_missing(pairs, "MaxVarcharSize", "32768");
         // Its logs would hold what the user reads.

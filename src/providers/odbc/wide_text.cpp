@@ -3,6 +3,8 @@
 #include "standard/utf8.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace krv::providers::odbc {
 
@@ -23,19 +25,38 @@ std::u16string wide_text(std::string_view text) {
     return result;
 }
 
+namespace {
+
+/// Four units at a time: most texts of most lists are ASCII.
+/// \return how many units were written, as many bytes; the first other character ends it
+std::size_t narrow_ascii(std::span<const char16_t> text, char* out) {
+    constexpr std::uint64_t beyond_ascii = 0xFF80FF80FF80FF80U;
+    std::size_t at = 0;
+    for (; at + 4 <= text.size(); at += 4) {
+        std::uint64_t four = 0;
+        std::memcpy(&four, text.data() + at, sizeof four);
+        if ((four & beyond_ascii) != 0) {
+            break;
+        }
+        for (std::size_t i = 0; i < 4; ++i) {
+            out[at + i] = static_cast<char>(text[at + i]);
+        }
+    }
+    for (; at < text.size() && text[at] < 0x80; ++at) {
+        out[at] = static_cast<char>(text[at]);
+    }
+    return at;
+}
+
+} // namespace
+
 std::string_view narrow_text(std::span<const char16_t> text, std::string& storage) {
-    char16_t seen = 0;
-    for (const char16_t unit : text) {
-        seen |= unit;
+    if (storage.size() < text.size()) {
+        storage.resize(text.size());
     }
-    if (seen >= 0x80) {
-        return standard::utf8_from_utf16(text, storage);
-    }
-    storage.resize(text.size());
-    std::transform(text.begin(), text.end(), storage.begin(), [](char16_t unit) {
-        return static_cast<char>(unit);
-    });
-    return storage;
+    return narrow_ascii(text, storage.data()) == text.size()
+               ? std::string_view(storage).substr(0, text.size())
+               : standard::utf8_from_utf16(text, storage);
 }
 
 std::string narrow_text(std::u16string_view text) {
@@ -51,8 +72,7 @@ std::string narrow_text(std::u16string_view text) {
             return bytes;
         }
     }
-    narrow_text(std::span(text.data(), text.size()), storage);
-    return storage;
+    return std::string(narrow_text(std::span(text.data(), text.size()), storage));
 }
 
 } // namespace krv::providers::odbc
