@@ -8,8 +8,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <iostream>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -52,18 +54,56 @@ bool holds_password(const std::string& text) {
     return text.find(canary_password.substr(0, canary_password.find(';'))) != std::string::npos;
 }
 
+/// Logs of servers and drivers, and the arguments of every program that runs.
+std::vector<std::filesystem::path> places_of_secrets() {
+    std::vector<std::filesystem::path> places;
+    for (const auto* server : krv::testing::running_servers()) {
+        for (const auto& entry : std::filesystem::directory_iterator(server->folder())) {
+            if (entry.path().extension() == ".log") {
+                places.push_back(entry.path());
+            }
+        }
+    }
+    const auto temporary = std::filesystem::temp_directory_path();
+    for (const auto& entry : std::filesystem::directory_iterator(temporary)) {
+        const std::string name = entry.path().filename().string();
+        if (name.find("odbc") != std::string::npos && entry.is_regular_file()) {
+            places.push_back(entry.path()); // psqlodbc_*.log, mylog_*.log, sql.log and the like
+        }
+    }
+    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+        places.push_back(entry.path() / "cmdline");
+    }
+    return places;
+}
+
+/// \return whether the password was found nowhere
+bool is_kept(const std::string& printed) {
+    bool kept = true;
+    if (holds_password(printed)) {
+        std::cout << "[  FAILED  ] a password was printed\n";
+        kept = false;
+    }
+    for (const auto& place : places_of_secrets()) {
+        if (holds_password(krv::testing::read_file(place.string()))) {
+            std::cout << "[  FAILED  ] a password stands in " << place << '\n';
+            kept = false;
+        }
+    }
+    return kept;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     HeldOutput held;
     int result = RUN_ALL_TESTS();
-    krv::testing::end_servers();
     const std::string printed = held.end();
     std::cout << printed;
-    if (holds_password(printed)) {
-        std::cout << "[  FAILED  ] a password was printed\n";
+    if (!is_kept(printed)) {
         result = 1;
     }
+    krv::testing::end_servers();
     return result;
 }

@@ -210,6 +210,16 @@ DatabaseServer* mariadb() {
     return why_no_mariadb().empty() ? started<Mariadb>(mariadb_slot()) : nullptr;
 }
 
+std::vector<const DatabaseServer*> running_servers() {
+    std::vector<const DatabaseServer*> servers;
+    for (const auto* slot : {&postgresql_slot(), &mariadb_slot()}) {
+        if (*slot) {
+            servers.push_back(slot->get());
+        }
+    }
+    return servers;
+}
+
 void end_servers() {
     postgresql_slot().reset();
     mariadb_slot().reset();

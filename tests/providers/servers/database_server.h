@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace krv::testing {
 
@@ -62,6 +63,9 @@ std::string why_no_mariadb();
 
 /// Path of a driver's library; empty when it is not installed.
 std::string driver_library(const std::string& file);
+
+/// Those that have been asked for.
+std::vector<const DatabaseServer*> running_servers();
 
 /// Ends the servers.
 void end_servers();
