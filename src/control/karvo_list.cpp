@@ -60,13 +60,18 @@ void KarvoList::ReadProperties(platform::PropertyBag& bag) {
     rooms_->stop_listening();
     rooms_->CloseField(); // its column may go
     rooms_->state.parts.InpFld.SetVisible(false);
+    const auto go_on = [this] {
+        // A change of the current row that still waits is none that the user made.
+        rooms_->state.edit.LastRowSel = rooms_->state.parts.Grid.RowSel();
+        rooms_->start_listening();
+    };
     try {
         persistence::read_properties(rooms_->settings(), bag);
     } catch (...) {
-        rooms_->start_listening();
+        go_on();
         throw;
     }
-    rooms_->start_listening();
+    go_on();
 }
 
 void KarvoList::WriteProperties(platform::PropertyBag& bag) const {

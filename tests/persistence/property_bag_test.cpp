@@ -299,6 +299,22 @@ TEST_F(PropertyBag, settings_can_be_taken_over_by_a_control_in_use) {
     EXPECT_TRUE(parts().GridIn.Visible());
 }
 
+TEST_F(PropertyBag, taking_over_fewer_rows_opens_none) {
+    list().SetColWidth(0, 1000);
+    list().SetRows(9);
+    list().SetEnabled(false); // so that the row becomes current and no more
+    list().SetRow(7);
+    standard::MemoryBag bag;
+    bag.set("Rows", whole(4));
+    bag.set("Row", whole(2));
+    list().ReadProperties(bag);
+    turn();
+    EXPECT_EQ(list().Row(), 1);
+    EXPECT_FALSE(parts().GridIn.Visible());
+    list().SetRow(0);
+    EXPECT_TRUE(parts().GridIn.Visible());
+}
+
 TEST_F(PropertyBag, taking_over_settings_closes_an_open_field_whose_column_goes) {
     list().SetAutoAdd(false);
     list().SetCols(3);
