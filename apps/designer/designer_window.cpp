@@ -9,7 +9,6 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QMenuBar>
@@ -70,12 +69,12 @@ DesignerWindow::DesignerWindow(Surroundings surroundings)
         return chosen(QFileDialog::getOpenFileName(this, QString(), QString(), filter));
     };
     questions_.file_to_save = [this, filter] {
-        QString file =
-            QFileDialog::getSaveFileName(this, QString(), shown_name(*document_), filter);
-        if (!file.isEmpty() && QFileInfo(file).suffix().isEmpty()) {
-            file += ".krv";
-        }
-        return chosen(file);
+        QFileDialog dialog(this, QString(), QString(), filter);
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setDefaultSuffix("krv"); // before the dialog asks about a file that is there
+        dialog.selectFile(shown_name(*document_));
+        return dialog.exec() == QDialog::Accepted ? chosen(dialog.selectedFiles().value(0))
+                                                  : std::nullopt;
     };
     make_menus();
     resize(start_size);

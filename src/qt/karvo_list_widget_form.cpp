@@ -3,6 +3,9 @@
 #include "qt/form_settings.h"
 #include "qt/karvo_list_rooms.h"
 
+#include <QPointer>
+
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,8 +33,15 @@ Value text_of(const QByteArray& bytes) {
 } // namespace
 
 void KarvoListWidget::restore_setting(const char* key, const Value& value) noexcept {
-    guard([&](KarvoList& list) { restore(list, key, value); });
-    rooms_->container.resized();
+    guard_and_lay_out([&](KarvoList& list) { restore(list, key, value); });
+}
+
+void KarvoListWidget::guard_and_lay_out(const std::function<void(KarvoList&)>& act) noexcept {
+    const QPointer<KarvoListWidget> self(this); // the error handler may destroy it
+    guard(act);
+    if (self) {
+        rooms_->container.resized();
+    }
 }
 
 QStringList KarvoListWidget::captions_now() const {
@@ -44,21 +54,28 @@ QStringList KarvoListWidget::captions_now() const {
 }
 
 QByteArray KarvoListWidget::Columns() const {
-    return QByteArray::fromStdString(columns_text(list()));
+    return refused_columns_.isEmpty() ? QByteArray::fromStdString(columns_text(list()))
+                                      : refused_columns_;
 }
 
 void KarvoListWidget::SetColumns(const QByteArray& text) {
     // A form may hand over the captions before the columns, or take columns away and, undoing that,
     // bring them back.
     kept_captions_ = captions_now() + kept_captions_.mid(list().Cols());
-    guard([&](KarvoList& list) {
+    refused_columns_.clear();
+    guard_and_lay_out([&](KarvoList& list) {
         std::vector<std::string> kept;
         for (const QString& caption : std::as_const(kept_captions_)) {
             kept.push_back(caption.toStdString());
         }
-        restore_columns(list, valid_utf8(text), kept);
+        try {
+            restore_columns(list, valid_utf8(text), kept);
+        } catch (...) {
+            // A form that is saved again keeps what its developer can still mend.
+            refused_columns_ = in_designer_ ? text : QByteArray();
+            throw;
+        }
     });
-    rooms_->container.resized();
 }
 
 QStringList KarvoListWidget::Captions() const {

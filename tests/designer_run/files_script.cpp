@@ -173,8 +173,11 @@ void play_a_broken_file(Steps& steps, QDesignerFormEditorInterface& designer) {
         [&designer, &steps] {
             QDesignerFormWindowInterface& form = *active_form(designer);
             steps.check_equal(property(form, *controls(form).front(), "Columns").toString(),
-                              "ColWidth=1500\nColWidth=960 ColAlignment=9 ColFieldType=0",
-                              "columns of the broken file");
+                              "ColWidth=1500\nColWidth=wide",
+                              "columns of the broken file, kept to be mended");
+            steps.check_equal(controls(form).front()->property("Cols").toString(),
+                              "2",
+                              "count of the columns that were taken");
         });
 }
 

@@ -364,6 +364,8 @@ private:
     void start_new();
     /// Takes a setting as a form file has it, by its key in a property bag.
     void restore_setting(const char* key, const platform::Value& value) noexcept;
+    /// `guard`, then the parts are placed by what has changed.
+    void guard_and_lay_out(const std::function<void(KarvoList&)>& act) noexcept;
     QStringList captions_now() const;
     void go_to_awaited_row();
 
@@ -374,8 +376,9 @@ private:
 
     std::unique_ptr<EventSignals> event_signals_;
     std::unique_ptr<Rooms> rooms_;
-    QStringList kept_captions_; ///< of columns that are not there
-    int awaited_row_ = -1;      ///< to become current once there are so many rows; -1 for none
+    QStringList kept_captions_;  ///< of columns that are not there
+    QByteArray refused_columns_; ///< in Designer: the last text of columns, when it has a fault
+    int awaited_row_ = -1;       ///< to become current once there are so many rows; -1 for none
     bool in_designer_ = false;
 };
 

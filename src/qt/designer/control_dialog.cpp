@@ -11,6 +11,7 @@
 
 #include <QMessageBox>
 #include <QMetaProperty>
+#include <QPointer>
 #include <QtDesigner/QDesignerFormWindowCursorInterface>
 #include <QtDesigner/QDesignerFormWindowInterface>
 
@@ -82,21 +83,27 @@ void show_dialog(QDesignerFormWindowInterface& form, KarvoListWidget& widget) {
     KarvoListWidget copy{KarvoListWidget::InDesigner()};
     take_over(widget, copy);
     CopySite site(copy.list());
-    ListDialog dialog(
+    // The form may be closed by a program while the dialog is open, and take it along.
+    const QPointer<ListDialog> dialog = new ListDialog(
         {site,
          make_page_data(),
          std::make_shared<standard::ValueFormatter>(standard::system_regional_settings())},
         form.window());
-    dialog.setWindowTitle(QObject::tr("Edit list - %1").arg(widget.objectName()));
-    QObject::connect(&dialog, &ListDialog::applied, &widget, [&] {
+    dialog->setWindowTitle(QObject::tr("Edit list - %1").arg(widget.objectName()));
+    QObject::connect(dialog, &ListDialog::applied, &widget, [&] {
         write(form, widget, differences(widget, copy));
     });
-    dialog.exec();
+    QObject::connect(&widget, &QObject::destroyed, dialog, [dialog] {
+        dialog->done(QDialog::Rejected); // nothing is left to apply to
+    });
+    dialog->exec();
+    delete dialog;
 }
 
 } // namespace
 
 void edit_control(QDesignerFormWindowInterface& form, KarvoListWidget& widget) {
+    const QPointer<QWidget> window = form.window();
     try {
         show_dialog(form, widget);
     } catch (const std::exception& error) {
@@ -104,7 +111,7 @@ void edit_control(QDesignerFormWindowInterface& form, KarvoListWidget& widget) {
                         QObject::tr("Edit list"),
                         QString::fromUtf8(error.what()),
                         QMessageBox::Ok,
-                        form.window());
+                        window);
         box.setTextFormat(Qt::PlainText); // texts of a database are no markup
         box.exec();
     }
