@@ -87,7 +87,6 @@ private:
     std::unique_ptr<Document> document_; // outlives the page
     qt::PropertyPageWidget* page_ = nullptr;
     qt::ListPreview* preview_ = nullptr;
-    QString title_;
 };
 
 } // namespace krv::designer

@@ -80,7 +80,7 @@ TEST(DesignerProgram, fails_with_the_line_of_a_damaged_file) {
     damaged.close();
     const Outcome refused = run({file, "--print", "1"});
     EXPECT_EQ(refused.status, 1);
-    EXPECT_THAT(refused.errors, HasSubstr("3"));
+    EXPECT_THAT(refused.errors, HasSubstr("line 3: "));
     EXPECT_EQ(run({QString::fromStdString(folder.file("no.krv")), "--print", "1"}).status, 1);
 }
 

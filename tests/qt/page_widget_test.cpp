@@ -177,7 +177,7 @@ TEST_F(PageWidget, a_number_that_is_too_large_is_shown_with_its_number_and_stays
     fill(*page, "txtColWidth", "40000");
     ASSERT_EQ(asked.size(), 1U);
     EXPECT_THAT(asked[0], HasSubstr("Overflow"));
-    EXPECT_THAT(asked[0], HasSubstr("6"));
+    EXPECT_THAT(asked[0], HasSubstr("Error 6 "));
     EXPECT_EQ(line("txtColWidth").text(), "40000");
     EXPECT_EQ(page->page().columns().colWidths[0], 4000);
 }
