@@ -35,7 +35,7 @@ int main(int argc, char* argv[]) {
     auto providers = std::make_shared<krv::standard::ProviderRegistry>(
         krv::standard::ProviderRegistry::Providers{krv::providers::make_sqlite_provider(), {}, {}});
     try {
-        auto settings = krv::standard::BagFile::load(argc > 1 ? argv[1] : "orders.bag");
+        auto settings = krv::standard::BagFile::load(argc > 1 ? argv[1] : "orders.krv");
         krv::qt::KarvoListWidget widget(std::make_shared<krv::standard::AdoDataAccess>(providers),
                                         std::make_shared<krv::standard::ValueFormatter>(
                                             krv::standard::system_regional_settings()),
